@@ -1,0 +1,51 @@
+#include "server/catalogue.h"
+
+namespace vintrel::server {
+namespace {
+
+struct CatalogueRow {
+    std::u16string_view code;
+    std::u16string_view name;
+};
+
+constexpr PerModel<CatalogueRow> kCatalogue{{
+    {Model::Type10001, {u"TYPE10001", u"Avaya - Integral 1/3/5 SW xE3.xxx - xE5.xxx"}},
+    {Model::Type10002, {u"TYPE10002", u"Avaya - Integral 1/3/5 SW xE6.3xx or higher"}},
+    {Model::Type10003, {u"TYPE10003", u"Avaya - Integral 2/2R/22"}},
+    {Model::Type10004, {u"TYPE10004", u"Mitel - I4 - 2030/2050/2060 (PC4)"}},
+    {Model::Type10005, {u"TYPE10005", u"Mitel - Ascotel 200 (PC4)"}},
+    {Model::Type10006, {u"TYPE10006", u"Mitel - I5 - 2025/2045/2065 (PC4)"}},
+    {Model::Type10007, {u"TYPE10007", u"Avaya - Integral 3 SW x3.5xx - x9.5xx"}},
+    {Model::Type10008, {u"TYPE10008", u"Mitel - I6/I7 - 2025/2045/2065 (PC4)"}},
+    {Model::Type10009, {u"TYPE10009", u"Alcatel - OmniPCX (Oxo) V3"}},
+    {Model::Type10010, {u"TYPE10010", u"Trucco - Algoral 658"}},
+    {Model::Type10011, {u"TYPE10011", u"Mitel - IntelliGate TCP/IP (PC4)"}},
+    {Model::Type10012, {u"TYPE10012", u"Innovaphone - PBX V6 or higher"}},
+    {Model::Type10013, {u"TYPE10013", u"Wildix - WG90R (CDR-CSV)"}},
+    {Model::Type10014, {u"TYPE10014", u"Mitel - IntelliGate 7.9 TCP/IP Hotel (PC4)"}},
+    {Model::Type10015, {u"TYPE10015", u"Mitel - 400 TCP/IP (PC4)"}},
+    {Model::Type10016, {u"TYPE10016", u"Mitel - 400 TCP/IP (PC4) V1-V2 Hotel"}},
+    {Model::Type10017, {u"TYPE10017", u"Avaya - IP Office"}},
+    {Model::Type10018, {u"TYPE10018", u"Panasonic - KX-TDE RS232"}},
+    {Model::Type10019, {u"TYPE10019", u"Panasonic - KX-TDE/NS TCP/IP"}},
+    {Model::Type10020, {u"TYPE10020", u"Grandstream - UCM6300 Series"}},
+    {Model::Type12000, {u"TYPE12000", u"FIAS - PMS"}},
+}};
+
+}  // namespace
+
+std::optional<Model> FindModel(std::u16string_view code) {
+    for (std::size_t i = 0; i < kModelCount; ++i) {
+        const auto model = static_cast<Model>(i);
+        // The codes differ at their ends: compare those first.
+        const std::u16string_view candidate = kCatalogue[model].code;
+        if (code.size() == candidate.size() && code.back() == candidate.back() && code == candidate) return model;
+    }
+    return std::nullopt;
+}
+
+std::u16string_view ModelCode(Model model) { return kCatalogue[model].code; }
+
+std::u16string_view ModelName(Model model) { return kCatalogue[model].name; }
+
+}  // namespace vintrel::server

@@ -1,0 +1,147 @@
+// What the core needs of the platform. Each interface is implemented by one *_win32 file, and by a fake in the tests.
+// An implementation holds no rule of the system: no type code and no protocol text.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace vintrel::server {
+
+struct DateTime {
+    int year = 0;
+    int month = 0;
+    int day = 0;
+    int hour = 0;
+    int minute = 0;
+    int second = 0;
+
+    auto operator<=>(const DateTime&) const = default;
+};
+
+class Clock {
+ public:
+    virtual ~Clock() = default;
+    virtual DateTime LocalNow() const = 0;
+    /// With the time-zone bias in force now, not the one at that date. Nothing for a date that does not exist.
+    virtual std::optional<DateTime> UtcToLocal(const DateTime& utc) const = 0;
+    /// Milliseconds of a clock that is never set back.
+    virtual std::uint64_t Milliseconds() const = 0;
+};
+
+/// The one-shot timers of the hidden window.
+enum class Timer : std::uint8_t { TspTimer, SleepTimer, CheckExtTranfertTimer };
+inline constexpr std::size_t kTimerCount = 3;
+
+/// The message loop of the host's thread. Timers tick, and everything that arrives for the server is delivered, only
+/// while messages are processed.
+class MessageLoop {
+ public:
+    virtual ~MessageLoop() = default;
+    /// Dispatches the messages that wait now, and returns.
+    virtual void ProcessPending() = 0;
+    /// Sleeps until a message arrives, at most `milliseconds`, then dispatches what waits.
+    virtual void WaitAndProcess(std::int32_t milliseconds) = 0;
+
+    /// Starts the timer, anew when it runs. It ticks once: it stops, then `on_tick` is called (which may be empty).
+    virtual void StartTimer(Timer timer, std::int32_t milliseconds, std::function<void()> on_tick) = 0;
+    virtual void StopTimer(Timer timer) = 0;
+    virtual bool TimerRunning(Timer timer) const = 0;
+};
+
+/// A modal message box with the critical icon and one OK button; returns when the operator has closed it.
+class CriticalMessage {
+ public:
+    virtual ~CriticalMessage() = default;
+    virtual void Show(std::u16string_view text, std::u16string_view title) = 0;
+};
+
+class Files {
+ public:
+    virtual ~Files() = default;
+    virtual bool Exists(std::u16string_view path) const = 0;
+    /// The bytes from `offset`, at most `count`, fewer where the file ends. Nothing when it cannot be opened or read.
+    virtual std::optional<std::vector<std::byte>> Read(std::u16string_view path, std::uint64_t offset,
+                                                       std::size_t count) const = 0;
+};
+
+class IniStore {
+ public:
+    virtual ~IniStore() = default;
+    /// At most 255 characters, as the system gives them; "" for what is missing.
+    virtual std::u16string Read(std::u16string_view path, std::u16string_view section, std::u16string_view key) = 0;
+    virtual void Write(std::u16string_view path, std::u16string_view section, std::u16string_view key,
+                       std::u16string_view value) = 0;
+};
+
+/// The system's single-byte code page.
+class AnsiText {
+ public:
+    virtual ~AnsiText() = default;
+    virtual std::string FromText(std::u16string_view text) const = 0;
+    virtual std::u16string ToText(std::string_view bytes) const = 0;
+};
+
+class Md5 {
+ public:
+    virtual ~Md5() = default;
+    /// 32 upper-case hexadecimal digits.
+    /// @throws OperationError with the numbers of MD5Hash.
+    virtual std::u16string HashBytes(std::span<const std::byte> bytes) = 0;
+};
+
+/// What the list window shows.
+struct SupportListContent {
+    std::u16string caption;
+    std::u16string heading;
+    std::u16string tool_tip;
+    std::vector<std::u16string> lines;
+    /// Called on a double click on the list; empty when the list is not clickable.
+    std::function<void()> on_double_click;
+};
+
+class SupportListWindow {
+ public:
+    virtual ~SupportListWindow() = default;
+    /// Shows the one window, modeless, built anew when it is already open. Does nothing without a desktop.
+    virtual void Show(SupportListContent content) = 0;
+};
+
+class HelpViewer {
+ public:
+    virtual ~HelpViewer() = default;
+    /// Starts a program in a normal, focused window; failures are ignored.
+    virtual void Start(std::u16string_view program, std::u16string_view arguments) = 0;
+};
+
+/// The telephony service (TAPI): start-up and shut-down of the server's line application.
+class TelephonyService {
+ public:
+    virtual ~TelephonyService() = default;
+
+    struct LineApplication {
+        std::int32_t result = 0;  ///< 0 = success
+        std::uint32_t handle = 0;
+        std::uint32_t line_count = 0;
+    };
+    /// The three parameters of a line event.
+    using EventHandler = std::function<void(std::uint32_t, std::int32_t, std::int32_t)>;
+
+    virtual LineApplication Initialize(std::u16string_view application_name, EventHandler on_event) = 0;
+    virtual void Shutdown(std::uint32_t handle) = 0;
+};
+
+/// The request engine (HTTP); requests are in tx.
+class RequestEngine {
+ public:
+    virtual ~RequestEngine() = default;
+    /// Makes the engine ready for requests; false when the system has none.
+    virtual bool Prepare() = 0;
+};
+
+}  // namespace vintrel::server

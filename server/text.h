@@ -1,0 +1,114 @@
+// The text primitives that the rules of every exchange are written in. Text is UTF-16 and is compared by code unit;
+// positions and field numbers count from 1. No function here allocates unless it returns a std::u16string.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace vintrel::server {
+
+/// A string argument of the host that an operation may replace in the caller's variable.
+class InOutText {
+ public:
+    explicit InOutText(std::u16string_view text) : text_(text) {}
+
+    std::u16string_view View() const { return text_; }
+    bool Replaced() const { return replaced_; }
+
+    /// The caller's variable becomes a part of its own text: no copy is made.
+    void Narrow(std::u16string_view part) {
+        replaced_ = replaced_ || part.size() != text_.size();
+        text_ = part;
+    }
+    void Replace(std::u16string text) {
+        storage_ = std::move(text);
+        text_ = storage_;
+        replaced_ = true;
+    }
+    InOutText(const InOutText&) = delete;
+    InOutText& operator=(const InOutText&) = delete;
+
+ private:
+    std::u16string_view text_;
+    std::u16string storage_;
+    bool replaced_ = false;
+};
+
+/// A text with padding before or behind it, not written out yet. It views the padded text: use it in the expression
+/// that makes it.
+struct Padded {
+    std::u16string_view text;
+    std::size_t count;  ///< of padding characters
+    char16_t character;
+    bool in_front;
+
+    std::size_t size() const { return text.size() + count; }
+    char16_t* CopyTo(char16_t* out) const;
+    std::u16string str() const;
+};
+
+/// At most `count` characters from position `start`; shorter where the text ends. A position before the text or a
+/// negative count, which a classic Automation host reports as a fault, gives "".
+std::u16string_view Mid(std::u16string_view text, std::ptrdiff_t start, std::ptrdiff_t count);
+/// Everything from position `start`.
+std::u16string_view Mid(std::u16string_view text, std::ptrdiff_t start);
+std::u16string_view Left(std::u16string_view text, std::ptrdiff_t count);
+std::u16string_view Right(std::u16string_view text, std::ptrdiff_t count);
+/// Without the blanks (U+0020 only) at both ends.
+std::u16string_view Trim(std::u16string_view text);
+
+/// Upper case of ASCII and Latin-1 letters; every other character stays.
+char16_t Upper(char16_t character);
+std::u16string Upper(std::u16string_view text);
+char16_t Lower(char16_t character);
+std::u16string Lower(std::u16string_view text);
+/// Whether the upper-cased text contains the (already upper-case) word.
+bool UpperContains(std::u16string_view text, std::u16string_view word);
+/// Whether the upper-cased text equals the (already upper-case) word.
+bool UpperEquals(std::u16string_view text, std::u16string_view word);
+bool Contains(std::u16string_view text, std::u16string_view part);
+bool IsDigit(char16_t character);
+/// One or more digits and nothing else.
+bool IsDigits(std::u16string_view text);
+
+/// The number at the start of a text. Blanks, tabs and line feeds are ignored wherever they stand; then an optional
+/// sign, digits with at most one ".", an optional exponent (E or D), or "&H" and "&O" numbers. Reading stops at the
+/// first other character; nothing readable is 0.
+double NumberValue(std::u16string_view text);
+/// Whether the whole text is a number: optional blanks around it, sign, digits with at most one "." or ",", exponent,
+/// or "&H" digits.
+bool IsNumeric(std::u16string_view text);
+/// Half to even; nothing when the value does not fit.
+std::optional<std::int32_t> RoundToInt32(double value);
+/// Shortest decimal form, "." as the decimal mark whatever the system's locale.
+std::u16string DecimalText(double value);
+std::u16string DecimalText(std::int32_t value);
+/// The last two digits of a number, with a leading zero.
+std::u16string TwoDigits(int value);
+
+/// Zeros in front of the text, as it is given, to `width` (at most 10) measured on the trimmed text: " 12" to 4 is
+/// "00 12". Nothing when the trimmed text is longer than the width.
+std::optional<Padded> ZeroPad(std::u16string_view text, std::size_t width);
+/// The trimmed text with blanks behind it to `width`. Nothing when it is longer than the width.
+std::optional<Padded> BlankPad(std::u16string_view text, std::size_t width);
+
+/// The index-th comma-separated field. An index below 1 gives "", one beyond the last field the last field; quotes
+/// mean nothing here.
+std::u16string_view GetCommaField(std::u16string_view text, std::int16_t index);
+/// The same for any separator. Of a longer separator only the first character is cut with the field before it.
+std::u16string GetSeparatedField(std::u16string_view text, std::u16string_view separator, std::int16_t index);
+std::u16string_view GetSeparatedField(std::u16string_view text, char16_t separator, std::int16_t index);
+
+/// The text between the first start mark and the next end mark; "" without the end mark. Without the start mark the
+/// search for the end mark begins at the position equal to the start mark's length; callers check for it first.
+std::u16string_view GetTextBetween(std::u16string_view text, std::u16string_view start_mark,
+                                   std::u16string_view end_mark);
+
+/// The value that follows the first `key` (with its leading "|", such as "|RN") up to the next "|". The record is
+/// trimmed in place. "" when the key is missing; nothing, a fault, when no "|" follows the key.
+std::optional<std::u16string_view> GetPipeValue(std::u16string_view& record, std::u16string_view key);
+
+}  // namespace vintrel::server

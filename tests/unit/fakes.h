@@ -1,0 +1,116 @@
+// Fakes of the platform for unit tests: a clock that stands still and a message loop on virtual time.
+#pragma once
+
+#include <array>
+#include <functional>
+#include <map>
+#include <string>
+#include <tuple>
+#include <vector>
+
+#include "server/platform.h"
+
+namespace vintrel::testing {
+
+class FakeMessage : public server::CriticalMessage {
+ public:
+    void Show(std::u16string_view text, std::u16string_view title) override {
+        texts.emplace_back(text);
+        titles.emplace_back(title);
+    }
+    std::vector<std::u16string> texts;
+    std::vector<std::u16string> titles;
+};
+
+class FakeClock : public server::Clock {
+ public:
+    server::DateTime LocalNow() const override { return now; }
+    std::optional<server::DateTime> UtcToLocal(const server::DateTime& utc) const override {
+        server::DateTime local = utc;
+        local.hour += bias_hours;  // tests stay within the day
+        return local;
+    }
+    std::uint64_t Milliseconds() const override { return milliseconds; }
+
+    server::DateTime now{.year = 2026, .month = 11, .day = 15, .hour = 6, .minute = 0, .second = 0};
+    int bias_hours = 1;
+    std::uint64_t milliseconds = 1000;
+};
+
+/// Waits pass in no time: the clock jumps to the next timer tick or scheduled event.
+class FakeLoop : public server::MessageLoop {
+ public:
+    explicit FakeLoop(FakeClock& clock) : clock_(clock) {}
+
+    /// Something that happens outside, `milliseconds` from now, while messages are processed.
+    void Schedule(std::int32_t milliseconds, std::function<void()> event) {
+        events_.emplace(clock_.milliseconds + static_cast<std::uint64_t>(milliseconds), std::move(event));
+    }
+
+    void ProcessPending() override {
+        ++processed;
+        RunUntil(clock_.milliseconds);
+    }
+    void WaitAndProcess(std::int32_t milliseconds) override {
+        ++processed;
+        std::uint64_t until = clock_.milliseconds + static_cast<std::uint64_t>(milliseconds);
+        for (const TimerState& timer : timers_)
+            if (timer.running) until = std::min(until, timer.due);
+        if (!events_.empty()) until = std::min(until, events_.begin()->first);
+        clock_.milliseconds = std::max(clock_.milliseconds, until);
+        RunUntil(clock_.milliseconds);
+    }
+    void StartTimer(server::Timer timer, std::int32_t milliseconds, std::function<void()> on_tick) override {
+        State(timer) = {true, clock_.milliseconds + static_cast<std::uint64_t>(milliseconds), milliseconds,
+                        std::move(on_tick)};
+    }
+    void StopTimer(server::Timer timer) override { State(timer).running = false; }
+    bool TimerRunning(server::Timer timer) const override { return timers_[static_cast<std::size_t>(timer)].running; }
+    std::int32_t Interval(server::Timer timer) const { return timers_[static_cast<std::size_t>(timer)].interval; }
+
+    int processed = 0;
+
+ private:
+    struct TimerState {
+        bool running = false;
+        std::uint64_t due = 0;
+        std::int32_t interval = 0;
+        std::function<void()> on_tick;
+    };
+
+    TimerState& State(server::Timer timer) { return timers_[static_cast<std::size_t>(timer)]; }
+
+    void RunUntil(std::uint64_t now) {
+        for (TimerState& timer : timers_) {
+            if (!timer.running || timer.due > now) continue;
+            timer.running = false;
+            if (timer.on_tick) timer.on_tick();
+        }
+        while (!events_.empty() && events_.begin()->first <= now) {
+            const std::function<void()> event = std::move(events_.begin()->second);
+            events_.erase(events_.begin());
+            event();
+        }
+    }
+
+    FakeClock& clock_;
+    std::array<TimerState, server::kTimerCount> timers_;
+    std::multimap<std::uint64_t, std::function<void()>> events_;
+};
+
+class FakeIni : public server::IniStore {
+ public:
+    std::u16string Read(std::u16string_view path, std::u16string_view section, std::u16string_view key) override {
+        const auto found = values.find({std::u16string(path), std::u16string(section), std::u16string(key)});
+        return found == values.end() ? std::u16string() : found->second;
+    }
+    void Write(std::u16string_view path, std::u16string_view section, std::u16string_view key,
+               std::u16string_view value) override {
+        values[{std::u16string(path), std::u16string(section), std::u16string(key)}] = value;
+        written.push_back(std::u16string(section) + u"/" + std::u16string(key));
+    }
+    std::map<std::tuple<std::u16string, std::u16string, std::u16string>, std::u16string> values;
+    std::vector<std::u16string> written;
+};
+
+}  // namespace vintrel::testing
