@@ -1,0 +1,59 @@
+#include "cdr/convert.h"
+
+#include <optional>
+
+#include "cdr/mitel.h"
+#include "server/catalogue.h"
+#include "server/error_report.h"
+
+namespace vintrel::cdr {
+namespace {
+
+using server::Model;
+
+/// Nothing for a model whose records have no converter.
+std::optional<Outcome> Convert(Model model, server::InOutText& record, CallRecordState& state,
+                               const server::Settings& settings, const server::Clock& clock, GdvSlots& slots) {
+    switch (model) {
+        case Model::Type10004:
+        case Model::Type10005:
+        case Model::Type10006:
+        case Model::Type10008:
+        case Model::Type10011:
+        case Model::Type10014:
+        case Model::Type10015:
+        case Model::Type10016: return ConvertMitel(record.View(), slots);
+        case Model::Type10001:
+        case Model::Type10002:
+        case Model::Type10007:
+        case Model::Type10003:
+        case Model::Type10009:
+        case Model::Type10010:
+        case Model::Type10012:
+        case Model::Type10013:
+        case Model::Type10017:
+        case Model::Type10018:
+        case Model::Type10019:
+        case Model::Type10020:
+        case Model::Type12000: break;
+    }
+    static_cast<void>(state);
+    static_cast<void>(settings);
+    static_cast<void>(clock);
+    return std::nullopt;
+}
+
+}  // namespace
+
+GdvText GetComConvertStringRX(std::u16string_view type, server::InOutText& record, CallRecordState& state,
+                              const server::Settings& settings, const server::Clock& clock,
+                              server::CriticalMessage& message) {
+    GdvSlots slots;
+    if (const std::optional<Model> model = server::FindModel(type))
+        if (const auto outcome = Convert(*model, record, state, settings, clock, slots))
+            return Assemble(*outcome, slots);
+    server::ErrorReport(message, 0, u"GetComConvertStringRX");
+    return {};
+}
+
+}  // namespace vintrel::cdr

@@ -1,0 +1,207 @@
+// The Gdv record, the one form of a call record that the host knows: its fields, the slots that a converter fills, and
+// the steps that converters are written in. Nothing here allocates.
+#pragma once
+
+#include <algorithm>
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <initializer_list>
+#include <optional>
+#include <string_view>
+
+#include "server/platform.h"
+#include "server/text.h"
+
+namespace vintrel::cdr {
+
+/// A field of the record's body: its first column, counted from 1, and its width.
+struct GdvField {
+    std::int16_t start;
+    std::int16_t length;
+};
+
+// The body, left to right without separators.
+inline constexpr GdvField kLine{.start = 1, .length = 5};
+inline constexpr GdvField kUser{.start = 6, .length = 5};
+inline constexpr GdvField kNumber{.start = 11, .length = 16};
+inline constexpr GdvField kUserCode{.start = 27, .length = 4};
+inline constexpr GdvField kSpare{.start = 31, .length = 1};  // the host has no name for it
+inline constexpr GdvField kInfo{.start = 32, .length = 1};
+inline constexpr GdvField kType{.start = 33, .length = 1};
+inline constexpr GdvField kUnity{.start = 34, .length = 4};
+inline constexpr GdvField kDurationS{.start = 38, .length = 5};
+inline constexpr GdvField kDateD{.start = 43, .length = 2};
+inline constexpr GdvField kDateM{.start = 45, .length = 2};
+inline constexpr GdvField kDateY{.start = 47, .length = 2};
+inline constexpr GdvField kTimeH{.start = 49, .length = 2};
+inline constexpr GdvField kTimeM{.start = 51, .length = 2};
+inline constexpr GdvField kPTYNumber{.start = 53, .length = 16};
+inline constexpr GdvField kMacAddress{.start = 69, .length = 17};
+
+/// The framed record: STX, the body, ETX.
+inline constexpr GdvField kGdvBody{.start = 2, .length = 85};
+inline constexpr std::int16_t kGdvRecordLength = 87;
+
+consteval bool FillsTheBody(std::initializer_list<GdvField> fields) {
+    int next = 1;
+    for (const GdvField& field : fields) {
+        if (field.start != next) return false;
+        next += field.length;
+    }
+    return next == kGdvBody.length + 1;
+}
+static_assert(FillsTheBody({kLine, kUser, kNumber, kUserCode, kSpare, kInfo, kType, kUnity, kDurationS, kDateD, kDateM,
+                            kDateY, kTimeH, kTimeM, kPTYNumber, kMacAddress}));
+
+/// A short text that lives where it stands.
+template <std::size_t Capacity>
+class InlineText {
+    static_assert(Capacity <= UINT8_MAX);
+
+ public:
+    InlineText() = default;
+    template <typename... Parts>
+    requires(sizeof...(Parts) > 0 &&
+             (std::is_convertible_v<Parts, std::u16string_view> && ...)) explicit InlineText(const Parts&... parts) {
+        (Append(parts), ...);
+    }
+
+    std::u16string_view View() const { return {characters_.data(), size_}; }
+    operator std::u16string_view() const { return View(); }  // NOLINT(google-explicit-constructor): it is a text
+    std::size_t size() const { return size_; }
+    bool empty() const { return size_ == 0; }
+
+    void Clear() { size_ = 0; }
+    /// Does nothing when the part does not fit.
+    void Append(std::u16string_view part) {
+        if (part.size() > Capacity - size_) return;
+        std::copy(part.begin(), part.end(), characters_.begin() + size_);
+        size_ = static_cast<std::uint8_t>(size_ + part.size());
+    }
+    void Append(const server::Padded& part) {
+        if (part.size() > Capacity - size_) return;
+        part.CopyTo(characters_.data() + size_);
+        size_ = static_cast<std::uint8_t>(size_ + part.size());
+    }
+
+ private:
+    std::array<char16_t, Capacity> characters_{};
+    std::uint8_t size_ = 0;
+};
+
+template <GdvField Field>
+using GdvSlot = InlineText<static_cast<std::size_t>(Field.length)>;
+
+/// A converted call, the reject marker, or empty.
+using GdvText = InlineText<kGdvRecordLength>;
+
+/// What a converter fills. A slot that stays empty makes the record shorter, and the host rejects it by its length.
+struct GdvSlots {
+    GdvSlot<kLine> line;
+    GdvSlot<kUser> user;
+    GdvSlot<kNumber> number;
+    GdvSlot<kUserCode> user_code;
+    GdvSlot<kSpare> spare;
+    GdvSlot<kInfo> info;
+    GdvSlot<kType> type;
+    GdvSlot<kUnity> unity;
+    GdvSlot<kDurationS> duration;
+    GdvSlot<kDateD> day;
+    GdvSlot<kDateM> month;
+    GdvSlot<kDateY> year;
+    GdvSlot<kTimeH> hour;
+    GdvSlot<kTimeM> minute;
+    GdvSlot<kPTYNumber> pty_number;
+    GdvSlot<kMacAddress> mac_address;
+};
+
+/// What a converter made of a record.
+enum class Outcome : std::uint8_t {
+    Call,
+    Rejected,  ///< a header, a status line, a call that is not charged: the host discards it
+};
+
+/// The record of a call, or the reject marker (DLE).
+GdvText Assemble(Outcome outcome, const GdvSlots& slots);
+
+// Texts of slots that an exchange does not report.
+inline constexpr std::u16string_view kNoUserCode = u"0000";
+inline constexpr std::u16string_view kNoUnity = u"0000";
+inline constexpr std::u16string_view kNoPtyNumber = u"                ";
+inline constexpr std::u16string_view kNoMacAddress = u"                 ";
+
+/// The Type codes that converters of this server set.
+inline constexpr std::u16string_view kTypeOutgoing = u"1";
+inline constexpr std::u16string_view kTypeOutgoingContinued = u"3";
+inline constexpr std::u16string_view kTypeIncoming = u"0";
+inline constexpr std::u16string_view kTypeIncomingContinued = u"2";
+inline constexpr std::u16string_view kTypeNotAnswered = u"7";
+
+/// The slot becomes the value. A value that does not fit leaves the slot as it was.
+template <std::size_t Width>
+void Assign(InlineText<Width>& slot, std::u16string_view value) {
+    if (value.size() > Width) return;
+    slot.Clear();
+    slot.Append(value);
+}
+
+/// The same with a padded value; nothing, a failed step, leaves the slot as it was.
+template <std::size_t Width>
+void Assign(InlineText<Width>& slot, const std::optional<server::Padded>& value) {
+    if (!value || value->size() > Width) return;
+    slot.Clear();
+    slot.Append(*value);
+}
+
+/// The number as a decimal string, zero-padded to the slot's width.
+template <std::size_t Width>
+void AssignNumber(InlineText<Width>& slot, double value) {
+    static_assert(Width == 4 || Width == 5);
+    constexpr int kBeyond = Width == 4 ? 10'000 : 100'000;
+    if (!(value >= 0 && value < kBeyond && static_cast<int>(value) == value)) {
+        const std::u16string text = server::DecimalText(value);
+        return Assign(slot, server::ZeroPad(text, Width));
+    }
+    std::array<char16_t, Width> digits{};
+    auto rest = static_cast<unsigned>(value);
+    for (auto digit = digits.rbegin(); digit != digits.rend(); ++digit, rest /= 10)
+        *digit = static_cast<char16_t>(u'0' + rest % 10);
+    Assign(slot, std::u16string_view(digits.data(), digits.size()));
+}
+
+/// Spare flag and Info "0", MAC address blank: what almost every exchange leaves open.
+void AssignUnreported(GdvSlots& slots);
+
+/// The trimmed user code, zero-padded; "0000" when it is empty.
+void AssignUserCode(GdvSlots& slots, std::u16string_view user_code);
+
+/// Day, month, year within the century, hour and minute.
+void AssignDateTime(GdvSlots& slots, const server::DateTime& date_time);
+
+/// The seconds of a text "hhmmss": its first two, third and fourth, and last two characters, each by its number value.
+double HoursMinutesSecondsToSeconds(std::u16string_view hhmmss);
+
+/// Replaces a character in the first positions of the text, as many as the trimmed text has: the end of a text with
+/// blanks in front is not visited.
+template <std::size_t Capacity>
+InlineText<Capacity> ReplaceCharacter(std::u16string_view text, char16_t character, char16_t replacement) {
+    const std::size_t visited = server::Trim(text).size();
+    InlineText<Capacity> result;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const char16_t kept = i < visited && text[i] == character ? replacement : text[i];
+        result.Append(std::u16string_view(&kept, 1));
+    }
+    return result;
+}
+
+/// The digits of the text, in order, at most `Capacity`.
+template <std::size_t Capacity>
+InlineText<Capacity> DigitsOnly(std::u16string_view text) {
+    InlineText<Capacity> result;
+    for (const char16_t& character : text)
+        if (server::IsDigit(character)) result.Append(std::u16string_view(&character, 1));
+    return result;
+}
+
+}  // namespace vintrel::cdr

@@ -1,0 +1,102 @@
+#include <gtest/gtest.h>
+
+#include "cdr/convert.h"
+#include "cdr/date_time.h"
+#include "cdr/gdv_filter.h"
+#include "fakes.h"
+#include "printing.h"
+
+namespace vintrel::cdr {
+namespace {
+
+using testing::Shown;
+
+TEST(GdvRecord, AValueThatDoesNotFitLeavesTheSlotAlone) {
+    GdvSlots slots;
+    Assign(slots.user, u"00101");
+    Assign(slots.user, u"123456");
+    Assign(slots.user, server::ZeroPad(u"123456", 5));
+    EXPECT_EQ(Shown(slots.user), "00101");
+    Assign(slots.user, u"");
+    EXPECT_EQ(Shown(slots.user), "");
+}
+
+TEST(GdvRecord, NumbersArePaddedInTheirDecimalForm) {
+    const struct {
+        double value;
+        const char* text;
+    } rows[] = {{0, "00000"},    {345, "00345"}, {99999, "99999"}, {100000, ""},
+                {12.5, "012.5"}, {-7, "000-7"},  {1e20, "1E+20"},  {0.000012345, ""}};
+    for (const auto& row : rows) {
+        GdvSlots slots;
+        AssignNumber(slots.duration, row.value);
+        EXPECT_EQ(Shown(slots.duration), row.text) << row.value;
+    }
+}
+
+TEST(GdvRecord, SecondsAreReadFromTheEndsOfTheText) {
+    EXPECT_EQ(HoursMinutesSecondsToSeconds(u"010203"), 3723);
+    EXPECT_EQ(HoursMinutesSecondsToSeconds(u"xx02y3"), 120);
+    EXPECT_EQ(HoursMinutesSecondsToSeconds(u"0102"), 3600 + 120 + 2) << "the last two characters are the seconds";
+    EXPECT_EQ(HoursMinutesSecondsToSeconds(u""), 0);
+}
+
+TEST(GdvRecord, ReplacingVisitsAsManyPositionsAsTheTrimmedTextHas) {
+    EXPECT_EQ(Shown(ReplaceCharacter<16>(u"1.2.", u'.', u' ')), "1 2 ");
+    EXPECT_EQ(Shown(ReplaceCharacter<16>(u"  1.2.", u'.', u' ')), "  1 2.") << "the last two positions are not visited";
+}
+
+TEST(ReferenceTable, HoldsAtMost512AndFreesOneSlotPerRemoval) {
+    ReferenceTable table;
+    EXPECT_FALSE(table.Add(u"  "));
+    for (std::size_t i = 0; i < ReferenceTable::kSlots; ++i) EXPECT_TRUE(table.Add(std::u16string(i / 2 + 1, u'r')));
+    EXPECT_FALSE(table.Add(u"one more"));
+    EXPECT_TRUE(table.Remove(u"rr"));
+    EXPECT_TRUE(table.Find(u"rr")) << "it was held twice";
+    EXPECT_TRUE(table.Remove(u"rr"));
+    EXPECT_FALSE(table.Remove(u"rr"));
+    EXPECT_TRUE(table.Add(u"one more"));
+    EXPECT_TRUE(table.Find(u"one more"));
+}
+
+TEST(DateTime, RoundTripsOverLeapYearsAndRefusesWhatDoesNotExist) {
+    const server::DateTime leap_end{.year = 2024, .month = 2, .day = 29, .hour = 23, .minute = 59, .second = 59};
+    const auto seconds = SecondsOf(leap_end);
+    ASSERT_TRUE(seconds.has_value());
+    EXPECT_EQ(*seconds, 1709251199);
+    EXPECT_EQ(DateTimeOf(*seconds), leap_end);
+    EXPECT_EQ(DateTimeOf(*seconds + 1), (server::DateTime{.year = 2024, .month = 3, .day = 1}));
+    EXPECT_EQ(DateTimeOf(-1),
+              (server::DateTime{.year = 1969, .month = 12, .day = 31, .hour = 23, .minute = 59, .second = 59}));
+    EXPECT_EQ(SecondsOf({.year = 2023, .month = 2, .day = 29}), std::nullopt);
+    EXPECT_EQ(SecondsOf({.year = 2024, .month = 1, .day = 1, .hour = 24}), std::nullopt);
+}
+
+TEST(GdvFilter, RealClockLenUpperCasesTheCallersCode) {
+    testing::FakeMessage message;
+    std::u16string type = u"type10012";
+    EXPECT_EQ(GetGdvRealClockLen(type, message), 9999);
+    EXPECT_EQ(Shown(type), "TYPE10012");
+    type = u"TYPE10005";
+    EXPECT_EQ(GetGdvRealClockLen(type, message), 0);
+    EXPECT_TRUE(message.texts.empty());
+    type = u"TYPE99999";
+    EXPECT_EQ(GetGdvRealClockLen(type, message), 0);
+    ASSERT_EQ(message.texts.size(), 1U);
+    EXPECT_EQ(Shown(message.texts[0]), "GetGdvRealClockLen: FATAL ERROR !");
+}
+
+TEST(GetComConvertStringRX, ALowerCaseCodeIsUnknown) {
+    testing::FakeMessage message;
+    const testing::FakeClock clock;
+    CallRecordState state;
+    server::InOutText record(u"any");
+    EXPECT_EQ(Shown(GetComConvertStringRX(u"type10004", record, state, {}, clock, message)), "");
+    ASSERT_EQ(message.texts.size(), 1U);
+    EXPECT_EQ(Shown(message.texts[0]), "GetComConvertStringRX: FATAL ERROR !");
+    EXPECT_EQ(Shown(message.titles[0]), "QUINDARA PABX COM SERVER   0");
+    EXPECT_FALSE(record.Replaced());
+}
+
+}  // namespace
+}  // namespace vintrel::cdr
