@@ -1,0 +1,14 @@
+# `cmake --build --preset win32 --target package`: a ZIP and an installer under build/win32/package.
+install(TARGETS Vintrel vintrel-host RUNTIME DESTINATION .)
+install(FILES ${PROJECT_SOURCE_DIR}/README.md DESTINATION .)
+install(DIRECTORY ${PROJECT_SOURCE_DIR}/docs ${PROJECT_SOURCE_DIR}/samples ${PROJECT_SOURCE_DIR}/examples DESTINATION .)
+# Type library, manifest and IDL: for hosts that bind early or run without registration.
+install(FILES ${VINTREL_TYPE_LIBRARY} ${VINTREL_MANIFEST} ${PROJECT_SOURCE_DIR}/com/Vintrel.idl DESTINATION .)
+
+set(stage ${CMAKE_BINARY_DIR}/package/stage)
+add_custom_target(package
+  COMMAND ${CMAKE_COMMAND} -E rm -rf ${stage}
+  COMMAND ${CMAKE_COMMAND} --install ${CMAKE_BINARY_DIR} --prefix ${stage}
+  COMMAND ${PROJECT_SOURCE_DIR}/packaging/build-package ${stage} ${PROJECT_VERSION} ${CMAKE_BINARY_DIR}/package
+  DEPENDS Vintrel vintrel-host
+  VERBATIM)
