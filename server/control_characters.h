@@ -1,6 +1,8 @@
 // Control characters of the exchanges' links, by their names.
 #pragma once
 
+#include <string_view>
+
 namespace vintrel::server {
 
 inline constexpr char16_t kNul = 0;
@@ -17,5 +19,13 @@ inline constexpr char16_t kDle = 16;
 inline constexpr char16_t kNak = 21;
 inline constexpr char16_t kBlank = 32;
 inline constexpr char16_t kQuote = 34;
+
+// The same as texts.
+inline constexpr std::u16string_view kEtxText{&kEtx, 1};
+inline constexpr std::u16string_view kEnqText{&kEnq, 1};
+inline constexpr std::u16string_view kAckText{&kAck, 1};
+inline constexpr std::u16string_view kLfText{&kLf, 1};
+inline constexpr std::u16string_view kNakText{&kNak, 1};
+inline constexpr std::u16string_view kCrLf = u"\r\n";
 
 }  // namespace vintrel::server
