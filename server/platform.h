@@ -54,6 +54,24 @@ class MessageLoop {
     virtual void StartTimer(Timer timer, std::int32_t milliseconds, std::function<void()> on_tick) = 0;
     virtual void StopTimer(Timer timer) = 0;
     virtual bool TimerRunning(Timer timer) const = 0;
+
+ private:
+    friend class WaitScope;
+    virtual void BeginWait() {}
+    virtual void EndWait() {}
+};
+
+/// Held by whoever waits in a loop. The order to end the host's thread, when it arrives during a wait, is kept back and
+/// passed on after the outermost one; without a scope it comes back at every turn of the loop.
+class WaitScope {
+ public:
+    explicit WaitScope(MessageLoop& loop) : loop_(loop) { loop_.BeginWait(); }
+    ~WaitScope() { loop_.EndWait(); }
+    WaitScope(const WaitScope&) = delete;
+    WaitScope& operator=(const WaitScope&) = delete;
+
+ private:
+    MessageLoop& loop_;
 };
 
 /// A modal message box with the critical icon and one OK button; returns when the operator has closed it.
@@ -103,7 +121,7 @@ struct SupportListContent {
     std::u16string heading;
     std::u16string tool_tip;
     std::vector<std::u16string> lines;
-    /// Called on a double click on the list; empty when the list is not clickable.
+    bool clickable = false;  ///< the pointer over the list says so
     std::function<void()> on_double_click;
 };
 

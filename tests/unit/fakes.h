@@ -1,6 +1,7 @@
 // Fakes of the platform for unit tests: a clock that stands still and a message loop on virtual time.
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <functional>
 #include <map>
@@ -111,6 +112,38 @@ class FakeIni : public server::IniStore {
     }
     std::map<std::tuple<std::u16string, std::u16string, std::u16string>, std::u16string> values;
     std::vector<std::u16string> written;
+};
+
+class FakeFiles : public server::Files {
+ public:
+    bool Exists(std::u16string_view path) const override { return contents.contains(std::u16string(path)); }
+    std::optional<std::vector<std::byte>> Read(std::u16string_view path, std::uint64_t offset,
+                                               std::size_t count) const override {
+        const auto found = contents.find(std::u16string(path));
+        if (locked || found == contents.end()) return std::nullopt;
+        const std::vector<std::byte>& bytes = found->second;
+        const std::size_t from = std::min(static_cast<std::size_t>(offset), bytes.size());
+        const std::size_t to = std::min(from + count, bytes.size());
+        return std::vector(bytes.begin() + static_cast<std::ptrdiff_t>(from),
+                           bytes.begin() + static_cast<std::ptrdiff_t>(to));
+    }
+    std::map<std::u16string, std::vector<std::byte>> contents;
+    bool locked = false;
+};
+
+/// A code page of 256 characters with the same numbers.
+class FakeAnsi : public server::AnsiText {
+ public:
+    std::string FromText(std::u16string_view text) const override {
+        std::string bytes;
+        for (const char16_t c : text) bytes += c < 256 ? static_cast<char>(c) : '?';
+        return bytes;
+    }
+    std::u16string ToText(std::string_view bytes) const override {
+        std::u16string text;
+        for (const char c : bytes) text += static_cast<char16_t>(static_cast<unsigned char>(c));
+        return text;
+    }
 };
 
 }  // namespace vintrel::testing

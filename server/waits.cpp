@@ -1,0 +1,13 @@
+#include "server/waits.h"
+
+namespace vintrel::server {
+
+void WaitMilliseconds(MessageLoop& loop, std::int32_t milliseconds) {
+    const WaitScope scope(loop);
+    loop.ProcessPending();
+    if (milliseconds <= 0) return;
+    loop.StartTimer(Timer::SleepTimer, milliseconds, {});
+    while (loop.TimerRunning(Timer::SleepTimer)) loop.WaitAndProcess(milliseconds);
+}
+
+}  // namespace vintrel::server
