@@ -33,6 +33,7 @@ class RequestEngineThatCounts : public RequestEngine {
         ++prepared;
         return available;
     }
+    std::unique_ptr<Transfer> Start(const HttpRequest& /*request*/) override { return nullptr; }
     int prepared = 0;
     bool available = true;
 };
@@ -46,6 +47,20 @@ class TelephonyThatRecords : public TelephonyService {
         return answer;
     }
     void Shutdown(std::uint32_t handle) override { ended.push_back(handle); }
+    // Lines are for orders: initialisation opens none.
+    std::optional<std::uint32_t> NegotiateVersion(std::uint32_t, std::uint32_t, std::uint32_t, std::uint32_t) override {
+        return std::nullopt;
+    }
+    std::optional<LineCapabilities> Capabilities(std::uint32_t, std::uint32_t, std::uint32_t, std::size_t) override {
+        return std::nullopt;
+    }
+    std::optional<std::uint32_t> Open(std::uint32_t, std::uint32_t, std::uint32_t, const LineOptions&) override {
+        return std::nullopt;
+    }
+    std::int32_t DeviceSpecific(std::uint32_t, std::uint32_t, std::uint32_t, std::span<std::byte>) override {
+        return 0;
+    }
+    void Close(std::uint32_t) override {}
 
     LineApplication answer{.result = 0, .handle = 77, .line_count = 3};
     int started = 0;
