@@ -52,7 +52,7 @@ std::u16string_view GetPABXTCPIPPWConfirm2(TypeCode type, CriticalMessage& messa
 /// A download command; no model has one.
 std::u16string_view GetPABXTCPIPDLCommand(TypeCode type, CriticalMessage& message);
 
-/// The host's form of check-in: 1 for the models of GetINIEnabled and for FIAS, else 0.
+/// Kind of check-in: 1 for the models of GetINIEnabled and for FIAS, else 0.
 std::int32_t GetCheckInType(TypeCode type, CriticalMessage& message);
 /// 1 when the model has sections of its own in "Vintrel.ini".
 std::int32_t GetINIEnabled(TypeCode type, CriticalMessage& message);
