@@ -2,7 +2,13 @@
 
 #include <optional>
 
+#include "cdr/alcatel.h"
+#include "cdr/algoral.h"
+#include "cdr/avaya_integral.h"
+#include "cdr/fias_posting.h"
+#include "cdr/ip_office.h"
 #include "cdr/mitel.h"
+#include "cdr/panasonic.h"
 #include "server/catalogue.h"
 #include "server/error_report.h"
 
@@ -15,6 +21,10 @@ using server::Model;
 std::optional<Outcome> Convert(Model model, server::InOutText& record, CallRecordState& state,
                                const server::Settings& settings, const server::Clock& clock, GdvSlots& slots) {
     switch (model) {
+        case Model::Type10001:
+        case Model::Type10002:
+        case Model::Type10007: return ConvertIntegral(record.View(), slots);
+        case Model::Type10003: return ConvertIntegral2(record, slots);
         case Model::Type10004:
         case Model::Type10005:
         case Model::Type10006:
@@ -23,21 +33,16 @@ std::optional<Outcome> Convert(Model model, server::InOutText& record, CallRecor
         case Model::Type10014:
         case Model::Type10015:
         case Model::Type10016: return ConvertMitel(record.View(), slots);
-        case Model::Type10001:
-        case Model::Type10002:
-        case Model::Type10007:
-        case Model::Type10003:
-        case Model::Type10009:
-        case Model::Type10010:
+        case Model::Type10009: return ConvertAlcatel(record.View(), slots);
+        case Model::Type10010: return ConvertAlgoral(record, slots);
+        case Model::Type10017: return ConvertIpOffice(record.View(), state.continuation, slots);
+        case Model::Type10018:
+        case Model::Type10019: return ConvertPanasonic(record.View(), slots);
+        case Model::Type12000: return ConvertFiasPosting(record.View(), slots);
         case Model::Type10012:
         case Model::Type10013:
-        case Model::Type10017:
-        case Model::Type10018:
-        case Model::Type10019:
-        case Model::Type10020:
-        case Model::Type12000: break;
+        case Model::Type10020: break;
     }
-    static_cast<void>(state);
     static_cast<void>(settings);
     static_cast<void>(clock);
     return std::nullopt;

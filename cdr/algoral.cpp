@@ -1,0 +1,73 @@
+#include "cdr/algoral.h"
+
+#include <string>
+
+namespace vintrel::cdr {
+namespace {
+
+using server::BlankPad;
+using server::Mid;
+using server::NumberValue;
+using server::Trim;
+using server::ZeroPad;
+
+/// What the letter of a call's kind means.
+struct Kind {
+    std::u16string_view type = kTypeOutgoing;
+    std::ptrdiff_t number = 0;  ///< where the other party's number stands; 0: the record comes out shorter
+};
+
+Kind KindOf(std::u16string_view letter) {
+    constexpr std::ptrdiff_t kDialled = 175;
+    constexpr std::ptrdiff_t kCaller = 244;
+    switch (letter.empty() ? u' ' : server::Upper(letter.front())) {
+        case u'U':
+        case u'R': return {kTypeOutgoing, kDialled};
+        case u'T': return {kTypeOutgoingContinued, kDialled};
+        case u'E': return {kTypeIncoming, kCaller};
+        case u'O': return {kTypeIncomingContinued, kCaller};
+        case u'I': return {kTypeNotAnswered, kCaller};
+        default: return {};
+    }
+}
+
+/// Hours are printed with one digit or two, or left blank.
+double DurationOf(std::u16string_view text) {
+    InlineText<6> hhmmss;
+    if (const auto hours = ZeroPad(Trim(Mid(text, 87, 2)), 2)) hhmmss.Append(*hours);
+    hhmmss.Append(Mid(text, 90, 2));
+    hhmmss.Append(Trim(Mid(text, 94, 2)));
+    return HoursMinutesSecondsToSeconds(hhmmss);
+}
+
+}  // namespace
+
+Outcome ConvertAlgoral(server::InOutText& record, GdvSlots& slots) {
+    constexpr std::size_t kUsefulEnd = 301;
+    const std::size_t colon = record.View().find(u':');
+    if (colon == std::u16string_view::npos) return Outcome::Rejected;
+    // A colon behind the useful part leaves nothing to cut, and the text is read as it stands.
+    if (colon <= kUsefulEnd)
+        record.Replace(std::u16string(u"*Term.").append(Trim(record.View().substr(colon, kUsefulEnd - colon))));
+    const std::u16string_view text = record.View();
+    const Kind kind = KindOf(Mid(text, 139, 1));
+
+    AssignUnreported(slots);
+    Assign(slots.line, ZeroPad(Trim(Mid(text, 16, 3)), 5));
+    Assign(slots.user, ZeroPad(Trim(Mid(text, 8, 5)), 5));
+    if (kind.type == kTypeNotAnswered && NumberValue(slots.user) == 0) Assign(slots.user, u"09999");
+    if (kind.number != 0) Assign(slots.number, BlankPad(Mid(text, kind.number, 16), 16));
+    AssignUserCode(slots, Mid(text, 291, 4));
+    Assign(slots.type, kind.type);
+    Assign(slots.unity, ZeroPad(Trim(Mid(text, 70, 4)), 4));
+    AssignNumber(slots.duration, DurationOf(text));
+    Assign(slots.day, Mid(text, 25, 2));
+    Assign(slots.month, Mid(text, 28, 2));
+    Assign(slots.year, Mid(text, 33, 2));
+    Assign(slots.hour, Mid(text, 36, 2));
+    Assign(slots.minute, Mid(text, 39, 2));
+    Assign(slots.pty_number, kNoPtyNumber);
+    return Outcome::Call;
+}
+
+}  // namespace vintrel::cdr

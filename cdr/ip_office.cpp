@@ -1,0 +1,153 @@
+#include "cdr/ip_office.h"
+
+#include <cmath>
+#include <optional>
+
+#include "cdr/comma_fields.h"
+#include "cdr/date_time.h"
+
+namespace vintrel::cdr {
+namespace {
+
+using server::BlankPad;
+using server::Left;
+using server::Mid;
+using server::NumberValue;
+using server::Right;
+using server::Trim;
+using server::ZeroPad;
+
+struct Leg {
+    explicit Leg(std::u16string_view record) : Leg(CommaFields<24>(record)) {}
+    explicit Leg(const CommaFields<24>& fields)
+        : start(fields.Field<1>()),
+          connected(fields.Field<2>()),
+          caller(fields.Field<4>()),
+          incoming(fields.Field<5>() == u"I"),
+          outgoing(fields.Field<5>() == u"O"),
+          called(fields.Field<6>()),
+          dialled(fields.Field<7>()),
+          account(fields.Field<8>()),
+          internal(NumberValue(fields.Field<9>()) != 0),
+          call(fields.Field<10>()),
+          continued(NumberValue(fields.Field<11>()) == 1),
+          last(NumberValue(fields.Field<11>()) == 0),
+          first_device(fields.Field<12>()),
+          second_device(fields.Field<14>()),
+          units(fields.Field<24>()) {}
+
+    std::u16string_view start;      ///< yyyy/mm/dd hh:mm:ss, of the whole call
+    std::u16string_view connected;  ///< hh:mm:ss
+    std::u16string_view caller;
+    bool incoming;
+    bool outgoing;
+    std::u16string_view called;
+    std::u16string_view dialled;
+    std::u16string_view account;
+    bool internal;
+    std::u16string_view call;
+    bool continued;  ///< further legs of the same call follow
+    bool last;
+    std::u16string_view first_device;   ///< an extension begins with "E"
+    std::u16string_view second_device;  ///< a trunk begins with "T"
+    std::u16string_view units;
+
+    bool FirstIsExtension() const { return first_device.starts_with(u'E'); }
+    bool SecondIsTrunk() const { return second_device.starts_with(u'T'); }
+};
+
+std::optional<std::int32_t> Whole(double value) {
+    return std::floor(value) == value ? server::RoundToInt32(value) : std::nullopt;
+}
+
+/// Nothing for an identifier that takes no part in continuation.
+std::optional<std::int32_t> CallOf(const Leg& leg) {
+    constexpr std::int32_t kIdentifiers = 4'000'000;
+    if (!server::IsNumeric(leg.call)) return std::nullopt;
+    const auto call = Whole(NumberValue(leg.call));
+    return call && *call >= 0 && *call < kIdentifiers ? call : std::nullopt;
+}
+
+std::u16string_view UpToAt(std::u16string_view address) { return address.substr(0, address.find(u'@')); }
+
+double LastThreeDigits(std::u16string_view device) { return NumberValue(Right(device, 3)); }
+
+double SecondsConnected(const Leg& leg) {
+    const InlineText<6> hhmmss(Mid(leg.connected, 1, 2), Mid(leg.connected, 4, 2), Mid(leg.connected, 7, 2));
+    return HoursMinutesSecondsToSeconds(hhmmss);
+}
+
+std::optional<server::DateTime> StartOf(const Leg& leg) {
+    const std::u16string_view year = Mid(leg.start, 1, 4);
+    if (!server::IsDigits(year)) return std::nullopt;
+    const auto number = [&](std::ptrdiff_t position) {
+        return static_cast<int>(NumberValue(Mid(leg.start, position, 2)));
+    };
+    return server::DateTime{.year = static_cast<int>(NumberValue(year)),
+                            .month = number(6),
+                            .day = number(9),
+                            .hour = number(12),
+                            .minute = number(15),
+                            .second = number(18)};
+}
+
+/// A date that does not exist stays as it is printed.
+void MoveForward(const Leg& leg, std::int32_t seconds, GdvSlots& slots) {
+    const auto start = StartOf(leg);
+    const auto start_seconds = start ? SecondsOf(*start) : std::nullopt;
+    const auto moved = start_seconds ? DateTimeOf(*start_seconds + seconds) : std::nullopt;
+    if (moved) AssignDateTime(slots, *moved);
+}
+
+void Continue(const Leg& leg, std::u16string_view type, ContinuationTable& continuation, GdvSlots& slots) {
+    const auto call = CallOf(leg);
+    const std::int32_t seconds = call ? continuation.Seconds(*call) : 0;
+    if (seconds < 1) return;
+    Assign(slots.type, type);
+    MoveForward(leg, seconds, slots);
+    if (leg.last) continuation.Reset(*call);
+}
+
+}  // namespace
+
+Outcome ConvertIpOffice(std::u16string_view record, ContinuationTable& continuation, GdvSlots& slots) {
+    const Leg leg(record);
+    if (leg.internal || (leg.incoming && leg.dialled == leg.called)) return Outcome::Rejected;
+
+    AssignUnreported(slots);
+    Assign(slots.day, Mid(leg.start, 9, 2));
+    Assign(slots.month, Mid(leg.start, 6, 2));
+    Assign(slots.year, Mid(leg.start, 3, 2));
+    Assign(slots.hour, Mid(leg.start, 12, 2));
+    Assign(slots.minute, Mid(leg.start, 15, 2));
+
+    if (leg.outgoing || leg.incoming) {
+        const std::u16string_view own = leg.outgoing ? leg.caller : leg.called;
+        const std::u16string_view other = leg.outgoing ? leg.called : leg.caller;
+        AssignNumber(slots.line, LastThreeDigits(leg.SecondIsTrunk() ? leg.second_device : leg.first_device));
+        Assign(slots.user, ZeroPad(Trim(leg.FirstIsExtension() ? leg.first_device.substr(1) : own), 5));
+        Assign(slots.number, BlankPad(UpToAt(other), 16));
+        Assign(slots.pty_number, BlankPad(leg.outgoing ? u"" : UpToAt(leg.dialled), 16));
+        Assign(slots.type, leg.outgoing ? kTypeOutgoing : kTypeIncoming);
+        Continue(leg, leg.outgoing ? kTypeOutgoingContinued : kTypeIncomingContinued, continuation, slots);
+    }
+
+    const double duration = SecondsConnected(leg);
+    if (leg.continued) {  // after the shift: a leg is moved by the legs before it only
+        const auto call = CallOf(leg);
+        const auto seconds = Whole(duration);
+        if (call && seconds) continuation.Add(*call, *seconds);
+    }
+
+    AssignUserCode(slots, leg.account);
+    Assign(slots.unity, ZeroPad(leg.units, 4));
+    AssignNumber(slots.duration, duration);
+    if (duration == 0 && leg.last && leg.incoming) {
+        Assign(slots.type, kTypeNotAnswered);
+        if (!leg.FirstIsExtension()) AssignNumber(slots.user, NumberValue(leg.called));
+    }
+    if (slots.line.View() == u"00000") Assign(slots.line, u"00001");
+    return Outcome::Call;
+}
+
+}  // namespace vintrel::cdr
