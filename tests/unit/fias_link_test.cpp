@@ -1,0 +1,80 @@
+#include "pms/fias_link.h"
+
+#include <gtest/gtest.h>
+
+#include "fakes.h"
+#include "printing.h"
+#include "server/operation_error.h"
+
+namespace vintrel::pms {
+namespace {
+
+using server::InOutText;
+using testing::Raw;
+using testing::Shown;
+
+TEST(FiasLink, LinkRecordsCarryTheLocalDateAndTime) {
+    testing::FakeClock clock;
+    clock.now = {.year = 2024, .month = 1, .day = 31, .hour = 14, .minute = 5, .second = 9};
+    EXPECT_EQ(Shown(GetPMS_LS_String(clock)), "<STX>LS|DA240131|TI140509|<ETX>");
+    EXPECT_EQ(Shown(GetPMS_LA_String(clock)), "<STX>LA|DA240131|TI140509|<ETX>");
+    EXPECT_EQ(Shown(GetPMS_LE_String(clock)), "<STX>LE|DA240131|TI140509|<ETX>");
+    clock.now = {.year = 2009, .month = 12, .day = 1, .hour = 0, .minute = 0, .second = 0};
+    EXPECT_EQ(Shown(GetPMS_DE_String(clock)), "<STX>DE|DA091201|TI000000|<ETX>");
+}
+
+TEST(FiasLink, AColumnEndsAtTheNextBarAndTheRecordIsTrimmed) {
+    const struct {
+        const char* record;
+        std::u16string_view column;
+        const char* value;
+        const char* left;
+    } rows[] = {
+        {"  GI|RN12|GNRossi|  ", u"|GN", "Rossi", "GI|RN12|GNRossi|"},
+        {"<STX>GI|RN12|GNRNA, M|<ETX>", u"|RN", "12", "<STX>GI|RN12|GNRNA, M|<ETX>"},
+        {"GI|RN12|GN|", u"|GN", "", "GI|RN12|GN|"},
+        {"GI|RN12", u"|GN", "", "GI|RN12"},
+        {"   ", u"|GN", "", ""},
+    };
+    for (const auto& row : rows) {
+        const std::u16string given = Raw(row.record);
+        InOutText record(given);
+        EXPECT_EQ(Shown(GetPMS_ColumnData(record, row.column)), row.value);
+        EXPECT_EQ(Shown(record.View()), row.left);
+    }
+}
+
+TEST(FiasLink, AColumnThatNoBarFollowsIsAFailedCall) {
+    InOutText record(u" WC|RN0330|ST1 ");
+    try {
+        GetPMS_ColumnData(record, u"|ST");
+        FAIL() << "the host must learn of it";
+    } catch (const server::OperationError& error) {
+        EXPECT_EQ(error.Result(), server::kInvalidArgument);
+        EXPECT_EQ(Shown(error.Description()), "No \"|\" follows \"|ST\" in the record.");
+    }
+    EXPECT_EQ(record.View(), u"WC|RN0330|ST1") << "trimmed all the same";
+}
+
+TEST(FiasLink, APostingIsAnsweredWithItsOwnValuesInFixedOrder) {
+    const struct {
+        const char* posting;
+        const char* answer;
+    } rows[] = {
+        {"<STX>PS|RN102|PTC|DA240131|TI1405|P#77|<ETX>", "<STX>PA|RN102|ASOK|DA240131|TI1405|P#77|<ETX>"},
+        {" PS|P#77|TI1405|DA240131|RN102| ", "<STX>PA|RN102|ASOK|DA240131|TI1405|P#77|<ETX>"},
+        {"PS|RN102|DA240131|TI1405|", "<STX>PA|RN102|ASOK|DA240131|TI1405|P#|<ETX>"},
+        {"PS|RN102|CTDAY|DA240131|TI1405|P#7|", "<STX>PA|RN102|ASOK|DAY|TI1405|P#7|<ETX>"},  // the key's first place
+        {"", "<STX>PA|RN|ASOK|DA|TI|P#|<ETX>"},
+    };
+    for (const auto& row : rows) {
+        const std::u16string given = Raw(row.posting);
+        InOutText record(given);
+        EXPECT_EQ(Shown(GetPMS_PSConfirm(record)), row.answer);
+    }
+    InOutText open(u"PS|RN102|DA240131|TI1405|P#77");
+    EXPECT_THROW(GetPMS_PSConfirm(open), server::OperationError);
+}
+
+}  // namespace
+}  // namespace vintrel::pms
