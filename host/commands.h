@@ -1,0 +1,24 @@
+// The commands of the program. A command is one object in one file, and one line in the table of main.cpp.
+#pragma once
+
+#include <span>
+#include <string_view>
+
+#include "host/failure.h"
+#include "host/options.h"
+
+namespace vintrel::host {
+
+struct Command {
+    std::string_view name;
+    std::string_view summary;  ///< one line in the list of commands
+    std::string_view usage;    ///< behind "vintrel-host NAME"
+    std::string_view help;     ///< what it does, what it writes and how it ends; lines of at most 100 characters
+    std::span<const Option> options;
+    ExitCode (*run)(const Options& options);
+};
+
+extern const Command kModelsCommand;
+extern const Command kConvertCommand;
+
+}  // namespace vintrel::host

@@ -1,0 +1,85 @@
+#include "host/console.h"
+
+#include "host/failure.h"
+#include "host/text.h"
+
+namespace vintrel::host {
+namespace {
+
+/// False when the reader of a pipe has gone or the disk is full.
+bool WriteAll(DWORD stream, std::string_view bytes) {
+    const HANDLE handle = GetStdHandle(stream);
+    while (!bytes.empty()) {
+        DWORD written = 0;
+        if (!WriteFile(handle, bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr) || written == 0)
+            return false;
+        bytes.remove_prefix(written);
+    }
+    return true;
+}
+
+}  // namespace
+
+std::wstring ToWide(std::string_view utf8) {
+    const std::u16string text = FromUtf8(utf8);
+    return {text.begin(), text.end()};
+}
+
+std::string FromWide(std::wstring_view text) { return ToUtf8(std::u16string(text.begin(), text.end())); }
+
+void WriteOut(std::string_view utf8) {
+    if (!WriteAll(STD_OUTPUT_HANDLE, utf8)) throw Failure(ExitCode::Failed, "the output cannot be written");
+}
+
+void WriteErrorText(std::string_view utf8) { WriteAll(STD_ERROR_HANDLE, utf8); }
+
+void WriteError(std::string_view line) { WriteAll(STD_ERROR_HANDLE, std::string(line) + "\n"); }
+
+bool ErrorOutputIsTerminal() {
+    DWORD mode = 0;
+    return GetConsoleMode(GetStdHandle(STD_ERROR_HANDLE), &mode) != 0;
+}
+
+Output StandardOutput() { return Output(WriteOut); }
+
+std::string SystemMessage(DWORD error) {
+    wchar_t text[512] = L"";
+    DWORD length = FormatMessageW(FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS, nullptr, error, 0, text,
+                                  static_cast<DWORD>(std::size(text)), nullptr);
+    while (length > 0 && text[length - 1] <= L' ') --length;
+    const std::string message = FromWide({text, length});
+    return message.empty() ? "error " + std::to_string(error) : message;
+}
+
+Handle& Handle::operator=(Handle&& other) noexcept {
+    std::swap(handle_, other.handle_);
+    return *this;
+}
+
+void Handle::Close() {
+    if (Valid()) CloseHandle(handle_);
+    handle_ = INVALID_HANDLE_VALUE;
+}
+
+InputFile::InputFile(const std::string& name) : name_(name), standard_input_(name == "-") {
+    buffer_.resize(kPiece);
+    if (standard_input_) return;
+    file_ = Handle(CreateFileW(ToWide(name).c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
+                               OPEN_EXISTING, FILE_FLAG_SEQUENTIAL_SCAN, nullptr));
+    if (!file_.Valid()) throw Failure(ExitCode::Failed, name + " cannot be opened: " + SystemMessage(GetLastError()));
+    LARGE_INTEGER size{};
+    if (GetFileSizeEx(file_.Get(), &size)) size_ = static_cast<std::uint64_t>(size.QuadPart);
+}
+
+std::string_view InputFile::Read() {
+    DWORD count = 0;
+    const HANDLE handle = standard_input_ ? GetStdHandle(STD_INPUT_HANDLE) : file_.Get();
+    if (!ReadFile(handle, buffer_.data(), static_cast<DWORD>(buffer_.size()), &count, nullptr)) {
+        const DWORD error = GetLastError();
+        if (error != ERROR_BROKEN_PIPE && error != ERROR_HANDLE_EOF)
+            throw Failure(ExitCode::Failed, name_ + " cannot be read: " + SystemMessage(error));
+    }
+    return std::string_view(buffer_).substr(0, count);
+}
+
+}  // namespace vintrel::host

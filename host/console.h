@@ -1,0 +1,78 @@
+// The standard streams of the program and the files it reads.
+#pragma once
+
+#include <windows.h>
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "host/output.h"
+
+namespace vintrel::host {
+
+std::wstring ToWide(std::string_view utf8);
+std::string FromWide(std::wstring_view text);
+
+/// Sets the console to UTF-8 for as long as it lives.
+class Utf8Console {
+ public:
+    Utf8Console() : former_(GetConsoleOutputCP()) { SetConsoleOutputCP(CP_UTF8); }
+    ~Utf8Console() { SetConsoleOutputCP(former_); }
+    Utf8Console(const Utf8Console&) = delete;
+    Utf8Console& operator=(const Utf8Console&) = delete;
+
+ private:
+    UINT former_;
+};
+/// @throws Failure when the reader has gone.
+void WriteOut(std::string_view utf8);
+/// A line on the error output.
+void WriteError(std::string_view line);
+/// The same without the end of the line.
+void WriteErrorText(std::string_view utf8);
+bool ErrorOutputIsTerminal();
+/// An Output to the standard output.
+Output StandardOutput();
+
+/// What Windows says about an error number.
+std::string SystemMessage(DWORD error);
+
+/// Owns a handle of the system.
+class Handle {
+ public:
+    explicit Handle(HANDLE handle = INVALID_HANDLE_VALUE) : handle_(handle) {}
+    ~Handle() { Close(); }
+    Handle(Handle&& other) noexcept : handle_(other.handle_) { other.handle_ = INVALID_HANDLE_VALUE; }
+    Handle& operator=(Handle&& other) noexcept;
+    Handle(const Handle&) = delete;
+    Handle& operator=(const Handle&) = delete;
+    HANDLE Get() const { return handle_; }
+    bool Valid() const { return handle_ != INVALID_HANDLE_VALUE && handle_ != nullptr; }
+    void Close();
+
+ private:
+    HANDLE handle_;
+};
+
+/// A file, or the standard input where the name is "-", from its beginning to its end.
+class InputFile {
+ public:
+    /// @throws Failure when it cannot be opened.
+    explicit InputFile(const std::string& name);
+    /// Fewer bytes than asked for where a pipe gives no more now; none at the end.
+    std::string_view Read();
+    /// Of a file; 0 of a pipe.
+    std::uint64_t Size() const { return size_; }
+
+ private:
+    static constexpr std::size_t kPiece = 256 * 1024;
+    std::string name_;
+    Handle file_;
+    bool standard_input_ = false;
+    std::uint64_t size_ = 0;
+    std::string buffer_;
+};
+
+}  // namespace vintrel::host

@@ -1,0 +1,85 @@
+#include "host/frames.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace vintrel::host {
+namespace {
+
+constexpr std::size_t kNone = std::string::npos;
+
+/// The position behind the first `mark` at or after `from`.
+std::size_t Behind(std::string_view text, std::string_view mark, std::size_t from) {
+    if (mark.empty()) return kNone;
+    // The last character is looked for: it is the rarer one of CR LF, and a single one in all other models.
+    std::size_t at = from + mark.size() - 1;
+    while ((at = text.find(mark.back(), at)) != kNone) {
+        ++at;
+        if (text.substr(at - mark.size(), mark.size()) == mark) return at;
+    }
+    return kNone;
+}
+
+}  // namespace
+
+FrameCutter::FrameCutter(Framing framing) : framing_(std::move(framing)) {}
+
+void FrameCutter::Push(std::string_view bytes) {
+    buffer_.erase(0, begin_);
+    scanned_ -= begin_;
+    begin_ = 0;
+    buffer_.append(bytes);
+}
+
+void FrameCutter::Take(std::size_t count) {
+    begin_ = std::min(begin_ + count, buffer_.size());
+    scanned_ = begin_;
+}
+
+std::size_t FrameCutter::FindEnd(std::size_t from) const {
+    const std::size_t first = Behind(buffer_, framing_.end, from);
+    const std::size_t second = Behind(buffer_, framing_.end2, from);
+    return std::min(first, second);
+}
+
+FrameCutter::Piece FrameCutter::Cut(Kind kind, std::size_t end) {
+    const Piece piece{kind, std::string_view(buffer_).substr(begin_, end - begin_)};
+    begin_ = end;
+    scanned_ = end;
+    return piece;
+}
+
+std::optional<FrameCutter::Piece> FrameCutter::Next() {
+    while (begin_ < buffer_.size()) {
+        if (!framing_.start.empty()) return NextBetweenMarks();
+        const std::size_t end = FindEnd(scanned_);
+        if (end != kNone) {
+            const Piece piece = Cut(Kind::Frame, end);
+            if (!std::exchange(skipping_, false)) return piece;
+            continue;
+        }
+        const std::size_t overlap = std::max(framing_.end.size(), framing_.end2.size());
+        scanned_ = std::max(begin_, buffer_.size() - std::min(overlap, buffer_.size()));
+        if (buffer_.size() - begin_ <= framing_.limit) return std::nullopt;
+        const Piece piece = Cut(Kind::Overlong, scanned_);
+        if (!std::exchange(skipping_, true)) return piece;
+    }
+    return std::nullopt;
+}
+
+std::optional<FrameCutter::Piece> FrameCutter::NextBetweenMarks() {
+    const std::size_t start = buffer_.find(framing_.start, begin_);
+    if (start != begin_) return Cut(Kind::Loose, std::min(start, buffer_.size()));
+    const std::size_t end = FindEnd(std::max(scanned_, begin_));
+    const std::size_t again = buffer_.find(framing_.start, begin_ + framing_.start.size());
+    if (again < std::min(end, buffer_.size())) {
+        // A check character that happens to be the start character is noise, not a frame that broke.
+        return Cut(again == begin_ + framing_.start.size() ? Kind::Loose : Kind::Broken, again);
+    }
+    if (end != kNone) return Cut(Kind::Frame, end);
+    scanned_ = std::max(begin_, buffer_.size() - std::min(framing_.end.size(), buffer_.size()));
+    if (buffer_.size() - begin_ <= framing_.limit) return std::nullopt;
+    return Cut(Kind::Overlong, buffer_.size());
+}
+
+}  // namespace vintrel::host

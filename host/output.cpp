@@ -1,0 +1,173 @@
+#include "host/output.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "host/failure.h"
+#include "host/text.h"
+
+namespace vintrel::host {
+namespace {
+
+constexpr std::size_t kGap = 2;
+
+template <typename Character>
+std::basic_string_view<Character> WithoutBlanks(std::basic_string_view<Character> text) {
+    while (!text.empty() && text.front() == ' ') text.remove_prefix(1);
+    while (!text.empty() && text.back() == ' ') text.remove_suffix(1);
+    return text;
+}
+
+void Append(std::string& out, char character) { out += character; }
+void Append(std::string& out, char16_t character) {
+    if (character < 0x80)
+        out += static_cast<char>(character);
+    else
+        AppendUtf8(out, character);
+}
+
+template <typename Character>
+bool IsControl(Character character) {
+    return character >= 0 && character < ' ';
+}
+
+/// A control character by its name, as it is shown everywhere.
+void AppendName(std::string& out, char16_t control) {
+    const char byte = static_cast<char>(control);
+    out += Readable(std::string_view(&byte, 1));
+}
+
+template <typename Character>
+void AppendCsv(std::string& out, std::basic_string_view<Character> text) {
+    const bool quoted = std::any_of(text.begin(), text.end(), [](Character c) { return c == ',' || c == '"'; });
+    if (quoted) out += '"';
+    for (const Character character : text) {
+        if (character == '"') out += '"';
+        if (IsControl(character))
+            AppendName(out, static_cast<char16_t>(character));
+        else
+            Append(out, character);
+    }
+    if (quoted) out += '"';
+}
+
+template <typename Character>
+void AppendJson(std::string& out, std::basic_string_view<Character> text) {
+    constexpr std::string_view kHex = "0123456789abcdef";
+    for (const Character character : text) {
+        if (character == '"' || character == '\\') out += '\\';
+        if (IsControl(character))
+            ((out += "\\u00") += static_cast<char>('0' + character / 16)) +=
+                kHex[static_cast<std::size_t>(character) % 16];
+        else
+            Append(out, character);
+    }
+}
+
+/// Characters that take a place on the line.
+std::size_t ShownLength(std::string_view utf8) {
+    return static_cast<std::size_t>(std::count_if(
+        utf8.begin(), utf8.end(), [](char c) { return (static_cast<unsigned char>(c) & 0xC0U) != 0x80U; }));
+}
+
+}  // namespace
+
+Format ParseFormat(std::string_view word) {
+    if (word == "table") return Format::Table;
+    if (word == "csv") return Format::Csv;
+    if (word == "json") return Format::Json;
+    throw Failure(ExitCode::Usage, "--format is table, csv or json, not \"" + std::string(word) + "\"");
+}
+
+void Output::Flush() {
+    if (!text_.empty()) write_(text_);
+    text_.clear();
+}
+
+RecordWriter::RecordWriter(Format format, std::vector<Column> columns, Output& output)
+    : format_(format), columns_(std::move(columns)), output_(output) {
+    for (Column& column : columns_) {
+        column.width = std::max(column.width, ShownLength(column.title));
+        std::string key = column.title;
+        for (char& c : key) c = c == ' ' ? '_' : c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c;
+        json_heads_.push_back((json_heads_.empty() ? "{\"" : ",\"") + key + "\":\"");
+    }
+}
+
+void RecordWriter::Begin() {
+    if (format_ == Format::Json) return;
+    for (const Column& column : columns_) Cell(std::string_view(column.title));
+    EndRecord();
+    if (format_ == Format::Csv) return;
+    for (const Column& column : columns_) Cell(std::string_view(std::string(column.width, '-')));
+    EndRecord();
+}
+
+void RecordWriter::OpenCell() {
+    std::string& out = output_.Text();
+    if (format_ == Format::Json) {
+        out += json_heads_[next_];
+    } else if (format_ == Format::Csv) {
+        if (next_ > 0) out += ',';
+    } else {
+        out.append(std::exchange(blanks_, 0), ' ');
+    }
+}
+
+void RecordWriter::CloseTableCell(std::size_t length) {
+    const std::size_t width = columns_[next_].width;
+    blanks_ += (length < width ? width - length : 0) + kGap;
+}
+
+template <typename Character>
+void RecordWriter::Add(std::basic_string_view<Character> text) {
+    if (next_ == columns_.size()) return;
+    text = WithoutBlanks(text);
+    if (format_ != Format::Table || !text.empty()) OpenCell();
+    std::string& out = output_.Text();
+    if (format_ == Format::Json) {
+        AppendJson(out, text);
+        out += '"';
+    } else if (format_ == Format::Csv) {
+        AppendCsv(out, text);
+    } else {
+        const std::size_t before = out.size();
+        for (const Character character : text) {
+            if (IsControl(character))
+                AppendName(out, static_cast<char16_t>(character));
+            else
+                Append(out, character);
+        }
+        CloseTableCell(ShownLength(std::string_view(out).substr(before)));
+    }
+    ++next_;
+}
+
+void RecordWriter::Cell(std::u16string_view text) { Add(text); }
+void RecordWriter::Cell(std::string_view utf8) { Add(utf8); }
+
+void RecordWriter::EndRecord() {
+    while (next_ < columns_.size()) Cell(std::string_view());
+    output_.Text() += format_ == Format::Json ? "}\n" : "\n";
+    next_ = 0;
+    blanks_ = 0;
+    output_.FlushWhenLarge();
+}
+
+void WriteRecords(Format format, const std::vector<std::string>& titles,
+                  const std::vector<std::vector<std::string>>& records, Output& output) {
+    std::vector<Column> columns;
+    for (const std::string& title : titles) columns.push_back({title, 0});
+    for (const std::vector<std::string>& record : records)
+        for (std::size_t i = 0; i < columns.size() && i < record.size(); ++i)
+            columns[i].width = std::max(columns[i].width, ShownLength(record[i]));
+    RecordWriter writer(format, std::move(columns), output);
+    writer.Begin();
+    for (const std::vector<std::string>& record : records) {
+        for (const std::string& cell : record) writer.Cell(std::string_view(cell));
+        writer.EndRecord();
+    }
+    output.Flush();
+}
+
+}  // namespace vintrel::host

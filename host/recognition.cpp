@@ -1,0 +1,51 @@
+#include "host/recognition.h"
+
+#include "host/text.h"
+
+namespace vintrel::host {
+namespace {
+
+constexpr std::u16string_view kFiasCode = u"TYPE12000";
+constexpr std::u16string_view kFiasPosting = u"\2PS|";
+/// The length that the server reports for models whose records and events do not differ by length.
+constexpr std::size_t kAnyLength = 9999;
+
+}  // namespace
+
+Framing FramingOf(const Server& server, const Model& model) {
+    Framing framing;
+    framing.end = ToBytes(model.Text(server.rx, &_ComEventsRX::GetComEtxEndReadRx));
+    framing.end2 = ToBytes(model.Text(server.rx, &_ComEventsRX::GetComEtxEndReadRx2));
+    if (framing.end == ToBytes(server.Text(server.link, &_ComProgramSet::GetComETXRx)))
+        framing.start = ToBytes(server.Text(server.link, &_ComProgramSet::GetComSTXRx));
+    return framing;
+}
+
+Recognition::Recognition(const Server& server, const Model& model)
+    : server_(server),
+      type_(model.Code()),
+      fias_(model.Code() == kFiasCode),
+      event_length_(static_cast<std::size_t>(model.Value(server.gdv, &_ComGdvFilter::GetGdvRealClockLen))) {}
+
+short Recognition::Class(HRESULT (STDMETHODCALLTYPE _ComEventsRX::*classifier)(BSTR*, BSTR*, short*), Bstr& frame) {
+    short answer = 0;
+    CheckCall((server_.rx.Get()->*classifier)(type_.InOut(), frame.InOut(), &answer));
+    return answer;
+}
+
+FrameKind Recognition::Of(Bstr& frame) {
+    if (fias_) {
+        // Records of this link tell themselves apart by their type, and only postings are calls.
+        if (frame.View().starts_with(kFiasPosting)) return FrameKind::CallRecord;
+    } else if (frame.View().size() > event_length_) {
+        return FrameKind::CallRecord;
+    }
+    // The alarm classifier's 2 is a hotel frame of another kind.
+    if (Class(&_ComEventsRX::GetComIsRoomAlarm, frame) == 1) return FrameKind::RoomAlarm;
+    if (Class(&_ComEventsRX::GetComIsRoomState, frame) != 0) return FrameKind::RoomState;
+    if (Class(&_ComEventsRX::GetComIsConfirmClock, frame) != 0) return FrameKind::WakeUpResult;
+    if (Class(&_ComEventsRX::GetComIsSetClock, frame) != 0) return FrameKind::WakeUpSetting;
+    return event_length_ == kAnyLength ? FrameKind::CallRecord : FrameKind::Other;
+}
+
+}  // namespace vintrel::host
