@@ -180,6 +180,10 @@ bool UpperEquals(std::u16string_view text, std::u16string_view word) {
                       [](char16_t a, char16_t b) { return Upper(a) == b; });
 }
 
+bool UpperBegins(std::u16string_view text, std::u16string_view word) {
+    return UpperEquals(text.substr(0, word.size()), word);
+}
+
 bool Contains(std::u16string_view text, std::u16string_view part) {
     return text.find(part) != std::u16string_view::npos;
 }

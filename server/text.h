@@ -69,6 +69,8 @@ std::u16string Lower(std::u16string_view text);
 bool UpperContains(std::u16string_view text, std::u16string_view word);
 /// Whether the upper-cased text equals the (already upper-case) word.
 bool UpperEquals(std::u16string_view text, std::u16string_view word);
+/// Whether the upper-cased text begins with the (already upper-case) word.
+bool UpperBegins(std::u16string_view text, std::u16string_view word);
 bool Contains(std::u16string_view text, std::u16string_view part);
 bool IsDigit(char16_t character);
 /// One or more digits and nothing else.

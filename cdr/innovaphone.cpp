@@ -1,0 +1,185 @@
+#include "cdr/innovaphone.h"
+
+#include <algorithm>
+#include <array>
+#include <optional>
+
+#include "cdr/date_time.h"
+#include "cdr/innovaphone_keys.h"
+#include "cdr/network_record.h"
+#include "server/control_characters.h"
+#include "server/text.h"
+
+namespace vintrel::cdr {
+namespace {
+
+using server::Mid;
+using server::Trim;
+using server::UpperBegins;
+using server::UpperEquals;
+using Key = InnovaphoneKey;
+
+constexpr std::u16string_view kGatewayLine = u"00051";
+constexpr std::u16string_view kUnknownUser = u"09999";
+constexpr std::array<std::u16string_view, 5> kLineInterfaces{u"BRI", u"PRI", u"TEL", u"PPP", u"SIP"};
+constexpr std::array<std::u16string_view, 3> kInsideInterfaces{u"SIP", u"RB", u"RT"};
+
+enum class Direction : std::uint8_t { Incoming, Outgoing };
+
+/// One leg of a call, as an "A:X", "B:X" or "A:Rel" record reports it.
+struct Leg {
+    const InnovaphoneKeys& keys;
+    std::int64_t connected;  ///< seconds since 1970, 0 when nobody answered
+    bool continued;          ///< an earlier leg of the call has been converted
+};
+
+bool IsOfTheLogStream(std::u16string_view record) {
+    return UpperEquals(Trim(server::Left(record, 11)), u"LOG STARTED") || server::Contains(record, u"</cdr>");
+}
+
+/// Between two interfaces of the exchange's inner side, or to a tone: nothing is charged.
+bool StaysInside(std::u16string_view src_if, std::u16string_view dst_if) {
+    return dst_if.empty() || UpperBegins(src_if, u"TONE") || UpperBegins(dst_if, u"TONE") ||
+           std::any_of(kInsideInterfaces.begin(), kInsideInterfaces.end(), [&](std::u16string_view kind) {
+               return UpperBegins(src_if, kind) && UpperBegins(dst_if, kind);
+           });
+}
+
+/// Whether the interfaces begin with what is configured; an end that is not configured does not matter.
+bool Matches(std::u16string_view src_setting, std::u16string_view dst_setting, std::u16string_view src_if,
+             std::u16string_view dst_if) {
+    return (!src_setting.empty() || !dst_setting.empty()) && UpperBegins(src_if, src_setting) &&
+           UpperBegins(dst_if, dst_setting);
+}
+
+bool IsLineInterface(std::u16string_view interface_name) {
+    return std::any_of(kLineInterfaces.begin(), kLineInterfaces.end(),
+                       [&](std::u16string_view kind) { return UpperBegins(interface_name, kind); });
+}
+
+std::optional<Direction> DirectionOf(std::u16string_view src_if, std::u16string_view dst_if,
+                                     const server::Settings& settings) {
+    const std::u16string_view incoming_src = Trim(settings.CallIncomingSrcIf);
+    const std::u16string_view incoming_dst = Trim(settings.CallIncomingDstIf);
+    const std::u16string_view outgoing_src = Trim(settings.CallOutgoingSrcIf);
+    const std::u16string_view outgoing_dst = Trim(settings.CallOutgoingDstIf);
+    if (Matches(incoming_src, incoming_dst, src_if, dst_if)) return Direction::Incoming;
+    if (Matches(outgoing_src, outgoing_dst, src_if, dst_if)) return Direction::Outgoing;
+
+    const bool configured =
+        !incoming_src.empty() || !incoming_dst.empty() || !outgoing_src.empty() || !outgoing_dst.empty();
+    if (configured) return std::nullopt;
+    if (IsLineInterface(src_if)) return Direction::Incoming;
+    if (IsLineInterface(dst_if)) return Direction::Outgoing;
+    return std::nullopt;
+}
+
+/// "0" and "00" stand where a party has not been dialled yet.
+bool IsRoom(std::u16string_view party) {
+    return IsExtension(party) && party.find_first_not_of(u'0') != std::u16string_view::npos;
+}
+
+std::u16string_view FirstRoom(std::initializer_list<std::u16string_view> parties) {
+    const auto* const found = std::find_if(parties.begin(), parties.end(), IsRoom);
+    return found == parties.end() ? kUnknownUser : *found;
+}
+
+void AssignNumberOf(GdvSlot<kNumber>& slot, std::u16string_view party) {
+    const std::u16string_view cut = server::Left(party, kNumber.length);
+    AssignParty(slot, ReplaceCharacter<kNumber.length>(cut, u'+', server::kBlank));
+}
+
+void FillIncoming(const Leg& leg, GdvSlots& slots) {
+    const std::u16string_view dialled = leg.keys[Key::SrcCdpn];
+    const std::u16string_view reached = leg.keys[Key::DstCdpn];
+    const bool diverted = dialled != reached && !reached.empty();
+
+    Assign(slots.user, server::ZeroPad(FirstRoom({reached, dialled}), 5));
+    AssignNumberOf(slots.number, leg.keys[Key::SrcCgpn]);
+    Assign(slots.type, leg.connected == 0 ? kTypeNotAnswered : leg.continued ? kTypeIncomingContinued : kTypeIncoming);
+    AssignNumberOf(slots.pty_number, !IsRoom(reached) ? reached : diverted ? dialled : u"");
+}
+
+void FillOutgoing(const Leg& leg, GdvSlots& slots) {
+    const std::u16string_view diverting = leg.keys[Key::SrcDgpn];
+    const std::u16string_view calling = leg.keys[Key::SrcCgpn];
+    const std::u16string_view reached = leg.keys[Key::DstCdpn];
+    const std::u16string_view user = FirstRoom({diverting, calling, leg.keys[Key::DstCgpn]});
+    const bool transferred = leg.continued || !diverting.empty();
+
+    Assign(slots.user, server::ZeroPad(user, 5));
+    AssignNumberOf(slots.number, reached.empty() ? leg.keys[Key::SrcCdpn] : reached);
+    Assign(slots.type, transferred ? kTypeOutgoingContinued : kTypeOutgoing);
+    AssignNumberOf(slots.pty_number, calling == user ? u"" : calling);
+}
+
+/// The instant of the answer, else of the record ("YYYYMMDD-hhmmss"), as local time. A date that does not exist keeps
+/// its digits.
+void AssignInstant(const Leg& leg, const server::Clock& clock, GdvSlots& slots) {
+    if (leg.connected != 0) {
+        const std::optional<server::DateTime> utc = DateTimeOf(leg.connected);
+        const std::optional<server::DateTime> local = utc ? clock.UtcToLocal(*utc) : std::nullopt;
+        if (local) AssignDateTime(slots, *local);
+        return;
+    }
+    const std::u16string_view date = leg.keys[Key::Date];
+    const std::u16string_view day = server::Left(date, 8);
+    const std::u16string_view time = Mid(date, 10);
+    if (day.size() != 8 || time.size() != 6 || !server::IsDigits(day) || !server::IsDigits(time)) return;
+    const auto number = [](std::u16string_view digits) { return static_cast<int>(WholeNumber(digits)); };
+    const server::DateTime utc{.year = number(Mid(day, 1, 4)),
+                               .month = number(Mid(day, 5, 2)),
+                               .day = number(Mid(day, 7, 2)),
+                               .hour = number(Mid(time, 1, 2)),
+                               .minute = number(Mid(time, 3, 2)),
+                               .second = number(Mid(time, 5, 2))};
+    AssignDateTime(slots, clock.UtcToLocal(utc).value_or(utc));
+}
+
+Outcome ConvertLeg(const Leg& leg, const server::Settings& settings, const server::Clock& clock, GdvSlots& slots) {
+    const std::u16string_view src_if = leg.keys[Key::SrcIf];
+    const std::u16string_view dst_if = leg.keys[Key::DstIf];
+    if (StaysInside(src_if, dst_if)) return Outcome::Rejected;
+    const std::optional<Direction> direction = DirectionOf(src_if, dst_if, settings);
+    if (!direction) return Outcome::Rejected;
+    if (direction == Direction::Outgoing && leg.connected == 0) return Outcome::Rejected;
+
+    const std::int64_t disconnected = WholeNumber(leg.keys[Key::DiscTime]);
+    Assign(slots.line, kGatewayLine);
+    direction == Direction::Incoming ? FillIncoming(leg, slots) : FillOutgoing(leg, slots);
+    Assign(slots.user_code, kNoUserCode);
+    AssignUnreported(slots);
+    Assign(slots.unity, kNoUnity);
+    AssignSeconds(slots.duration, leg.connected == 0 ? 0 : disconnected - leg.connected);
+    AssignInstant(leg, clock, slots);
+    slots.mac_address.Clear();
+    Assign(slots.mac_address, server::BlankPad(leg.keys[Key::SrvId], kMacAddress.length));
+    return Outcome::Call;
+}
+
+}  // namespace
+
+Outcome ConvertInnovaphone(std::u16string_view record, ReferenceTable& references, const server::Settings& settings,
+                           const server::Clock& clock, GdvSlots& slots) {
+    if (IsOfTheLogStream(record)) return Outcome::Rejected;
+    const InnovaphoneKeys keys(record);
+    const std::u16string_view event = keys[Key::Event];
+    const bool released = UpperEquals(event, u"A:REL");
+    const bool transferred = UpperEquals(event, u"A:X") || UpperEquals(event, u"B:X");
+    if (!released && !transferred) return Outcome::Rejected;
+
+    const std::u16string_view reference = keys[Key::Ref];
+    const Leg leg{.keys = keys,
+                  .connected = WholeNumber(keys[Key::ConnectTime]),
+                  .continued = references.Find(reference)};
+    const bool never_connected = transferred && leg.connected == 0;
+    const Outcome outcome = never_connected ? Outcome::Rejected : ConvertLeg(leg, settings, clock, slots);
+    if (released) {
+        references.Remove(reference);
+    } else if (outcome == Outcome::Call && !leg.continued) {
+        references.Add(reference);
+    }
+    return outcome;
+}
+
+}  // namespace vintrel::cdr

@@ -1,0 +1,46 @@
+// The values of an innovaphone gateway record, "event=A:Rel&time=876&...", read once per record.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <string_view>
+
+namespace vintrel::cdr {
+
+/// The keys that call records are made of; on the wire "src_if=" and so on.
+enum class InnovaphoneKey : std::uint8_t {
+    Event,
+    Ref,
+    SrcIf,
+    DstIf,
+    SrcCgpn,
+    SrcDgpn,
+    SrcCdpn,
+    DstCgpn,
+    DstCdpn,
+    ConnectTime,
+    DiscTime,
+    Date,
+    SrvId,
+};
+
+class InnovaphoneKeys {
+ public:
+    /// A key stands at the start of the record, after "&" or after a blank (a syslog header may come first); the first
+    /// of equal keys counts. A value ends at "&", a blank or the line's end.
+    explicit InnovaphoneKeys(std::u16string_view record);
+
+    /// Without the blanks around it, which the exchange writes as "+"; inside the value "+" is left. "" for a key that
+    /// the record does not have.
+    std::u16string_view operator[](InnovaphoneKey key) const;
+
+ private:
+    static constexpr std::size_t kCount = 13;
+
+    void Keep(std::u16string_view pair);
+
+    std::array<std::u16string_view, kCount> values_;
+};
+
+}  // namespace vintrel::cdr

@@ -1,0 +1,58 @@
+#include "cdr/network_record.h"
+
+#include <algorithm>
+
+#include "server/text.h"
+
+namespace vintrel::cdr {
+
+using server::IsDigits;
+using server::Left;
+using server::Mid;
+
+bool IsExtension(std::u16string_view party) {
+    constexpr std::size_t kLongest = 5;
+    return party.size() <= kLongest && IsDigits(party);
+}
+
+std::u16string_view FirstExtension(std::initializer_list<std::u16string_view> parties, std::u16string_view otherwise) {
+    const auto* const found = std::find_if(parties.begin(), parties.end(), IsExtension);
+    return found == parties.end() ? otherwise : *found;
+}
+
+std::int64_t WholeNumber(std::u16string_view text) {
+    constexpr std::size_t kLongest = 18;  // what 64 bits hold for certain
+    if (text.size() > kLongest || !IsDigits(text)) return 0;
+    std::int64_t value = 0;
+    for (const char16_t digit : text) value = value * 10 + (digit - u'0');
+    return value;
+}
+
+void AssignParty(GdvSlot<kNumber>& slot, std::u16string_view party) {
+    Assign(slot, server::BlankPad(Left(party, kNumber.length), kNumber.length));
+}
+
+void AssignSeconds(GdvSlot<kDurationS>& slot, std::int64_t seconds) {
+    constexpr std::int64_t kLongest = 99'999;
+    AssignNumber(slot, static_cast<double>(std::clamp<std::int64_t>(seconds, 0, kLongest)));
+}
+
+void AssignAccount(GdvSlot<kUserCode>& slot, std::u16string_view account) {
+    const bool fits = account.size() <= kUserCode.length && IsDigits(account);
+    Assign(slot, server::ZeroPad(fits ? account : kNoUserCode, kUserCode.length));
+}
+
+void AssignStart(GdvSlots& slots, std::u16string_view start) {
+    constexpr std::u16string_view kForm = u"0000-00-00 00:00:00";
+    const bool formed = std::equal(start.begin(), start.end(), kForm.begin(), kForm.end(), [](char16_t c, char16_t form) {
+        return form == u'0' ? server::IsDigit(c) : c == form;
+    });
+    if (!formed) return;
+    Assign(slots.year, Mid(start, 3, 2));
+    Assign(slots.month, Mid(start, 6, 2));
+    Assign(slots.day, Mid(start, 9, 2));
+    Assign(slots.hour, Mid(start, 12, 2));
+    Assign(slots.minute, Mid(start, 15, 2));
+}
+
+}  // namespace vintrel::cdr

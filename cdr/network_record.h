@@ -1,0 +1,34 @@
+// What the converters of the network exchanges share: their records carry values of any length, and parties that may
+// be extensions or outside numbers.
+#pragma once
+
+#include <cstdint>
+#include <initializer_list>
+#include <string_view>
+
+#include "cdr/gdv_record.h"
+
+namespace vintrel::cdr {
+
+/// 1 to 5 digits: what a hotel dials inside, and what fits the User field.
+bool IsExtension(std::u16string_view party);
+
+/// The first of the parties that is an extension, else `otherwise`.
+std::u16string_view FirstExtension(std::initializer_list<std::u16string_view> parties, std::u16string_view otherwise);
+
+/// The value of a text of digits; 0 for any other text and for numbers that no clock or counter reaches.
+std::int64_t WholeNumber(std::u16string_view text);
+
+/// The party's first 16 characters, blank-padded.
+void AssignParty(GdvSlot<kNumber>& slot, std::u16string_view party);
+
+/// Whole seconds, zero-padded; longer calls than the field can tell are 99999.
+void AssignSeconds(GdvSlot<kDurationS>& slot, std::int64_t seconds);
+
+/// The account code when it is 1 to 4 digits, else "0000".
+void AssignAccount(GdvSlot<kUserCode>& slot, std::u16string_view account);
+
+/// Date and time of "YYYY-MM-DD hh:mm:ss", the digits as they stand. A text of another form changes nothing.
+void AssignStart(GdvSlots& slots, std::u16string_view start);
+
+}  // namespace vintrel::cdr
