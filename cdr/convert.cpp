@@ -6,9 +6,12 @@
 #include "cdr/algoral.h"
 #include "cdr/avaya_integral.h"
 #include "cdr/fias_posting.h"
+#include "cdr/grandstream.h"
+#include "cdr/innovaphone.h"
 #include "cdr/ip_office.h"
 #include "cdr/mitel.h"
 #include "cdr/panasonic.h"
+#include "cdr/wildix.h"
 #include "server/catalogue.h"
 #include "server/error_report.h"
 
@@ -17,9 +20,8 @@ namespace {
 
 using server::Model;
 
-/// Nothing for a model whose records have no converter.
-std::optional<Outcome> Convert(Model model, server::InOutText& record, CallRecordState& state,
-                               const server::Settings& settings, const server::Clock& clock, GdvSlots& slots) {
+Outcome Convert(Model model, server::InOutText& record, CallRecordState& state, const server::Settings& settings,
+                const server::Clock& clock, GdvSlots& slots) {
     switch (model) {
         case Model::Type10001:
         case Model::Type10002:
@@ -35,17 +37,15 @@ std::optional<Outcome> Convert(Model model, server::InOutText& record, CallRecor
         case Model::Type10016: return ConvertMitel(record.View(), slots);
         case Model::Type10009: return ConvertAlcatel(record.View(), slots);
         case Model::Type10010: return ConvertAlgoral(record, slots);
+        case Model::Type10012: return ConvertInnovaphone(record.View(), state.references, settings, clock, slots);
+        case Model::Type10013: return ConvertWildix(record.View(), slots);
         case Model::Type10017: return ConvertIpOffice(record.View(), state.continuation, slots);
         case Model::Type10018:
         case Model::Type10019: return ConvertPanasonic(record.View(), slots);
+        case Model::Type10020: return ConvertGrandstream(record.View(), slots);
         case Model::Type12000: return ConvertFiasPosting(record.View(), slots);
-        case Model::Type10012:
-        case Model::Type10013:
-        case Model::Type10020: break;
     }
-    static_cast<void>(settings);
-    static_cast<void>(clock);
-    return std::nullopt;
+    return Outcome::Rejected;
 }
 
 }  // namespace
@@ -53,12 +53,14 @@ std::optional<Outcome> Convert(Model model, server::InOutText& record, CallRecor
 GdvText GetComConvertStringRX(std::u16string_view type, server::InOutText& record, CallRecordState& state,
                               const server::Settings& settings, const server::Clock& clock,
                               server::CriticalMessage& message) {
+    const std::optional<Model> model = server::FindModel(type);
+    if (!model) {
+        server::ErrorReport(message, 0, u"GetComConvertStringRX");
+        return {};
+    }
     GdvSlots slots;
-    if (const std::optional<Model> model = server::FindModel(type))
-        if (const auto outcome = Convert(*model, record, state, settings, clock, slots))
-            return Assemble(*outcome, slots);
-    server::ErrorReport(message, 0, u"GetComConvertStringRX");
-    return {};
+    const Outcome outcome = Convert(*model, record, state, settings, clock, slots);
+    return Assemble(outcome, slots);
 }
 
 }  // namespace vintrel::cdr

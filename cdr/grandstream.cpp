@@ -93,8 +93,7 @@ bool IsGroupLeg(const QuotedFields& row) {
     const std::u16string_view action = row[kActionType];
     const bool group_application = UpperEquals(row[kLastApp], u"QUEUE") || UpperEquals(row[kLastApp], u"GOSUBIF");
     return UpperBegins(action, u"RINGGROUP[") || UpperBegins(action, u"QUEUE[") || UpperBegins(action, u"EXT-GROUP") ||
-           UpperEquals(row[kDContext], u"EXT-GROUP") ||
-           (group_application && !server::IsDigits(row[kDstChannelExt]));
+           UpperEquals(row[kDContext], u"EXT-GROUP") || (group_application && !server::IsDigits(row[kDstChannelExt]));
 }
 
 /// The first 16 characters in upper case.
@@ -102,7 +101,7 @@ void AssignUpperParty(GdvSlot<kNumber>& slot, std::u16string_view party) {
     InlineText<kNumber.length> upper;
     for (const char16_t character : server::Left(party, kNumber.length)) {
         const char16_t letter = server::Upper(character);
-        upper.Append({&letter, 1});
+        upper.Append(std::u16string_view(&letter, 1));
     }
     AssignParty(slot, upper);
 }

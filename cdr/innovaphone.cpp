@@ -169,9 +169,8 @@ Outcome ConvertInnovaphone(std::u16string_view record, ReferenceTable& reference
     if (!released && !transferred) return Outcome::Rejected;
 
     const std::u16string_view reference = keys[Key::Ref];
-    const Leg leg{.keys = keys,
-                  .connected = WholeNumber(keys[Key::ConnectTime]),
-                  .continued = references.Find(reference)};
+    const Leg leg{
+        .keys = keys, .connected = WholeNumber(keys[Key::ConnectTime]), .continued = references.Find(reference)};
     const bool never_connected = transferred && leg.connected == 0;
     const Outcome outcome = never_connected ? Outcome::Rejected : ConvertLeg(leg, settings, clock, slots);
     if (released) {

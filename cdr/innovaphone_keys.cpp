@@ -9,7 +9,7 @@ namespace {
 
 // In the order of InnovaphoneKey.
 constexpr std::array<std::u16string_view, 13> kNames{
-    u"event",    u"ref",      u"src_if",   u"dst_if",       u"src_cgpn",  u"src_dgpn", u"src_cdpn",
+    u"event",    u"ref",      u"src_if",       u"dst_if",    u"src_cgpn", u"src_dgpn", u"src_cdpn",
     u"dst_cgpn", u"dst_cdpn", u"connect_time", u"disc_time", u"date",     u"srv_id"};
 
 bool BeginsKey(char16_t character) { return character == u'&' || character == server::kBlank; }

@@ -44,9 +44,9 @@ void AssignAccount(GdvSlot<kUserCode>& slot, std::u16string_view account) {
 
 void AssignStart(GdvSlots& slots, std::u16string_view start) {
     constexpr std::u16string_view kForm = u"0000-00-00 00:00:00";
-    const bool formed = std::equal(start.begin(), start.end(), kForm.begin(), kForm.end(), [](char16_t c, char16_t form) {
-        return form == u'0' ? server::IsDigit(c) : c == form;
-    });
+    const bool formed =
+        std::equal(start.begin(), start.end(), kForm.begin(), kForm.end(),
+                   [](char16_t c, char16_t form) { return form == u'0' ? server::IsDigit(c) : c == form; });
     if (!formed) return;
     Assign(slots.year, Mid(start, 3, 2));
     Assign(slots.month, Mid(start, 6, 2));

@@ -150,9 +150,10 @@ void FillIncoming(const Call& call, bool answered, GdvSlots& slots) {
 
 /// The port number behind the kind of the trunk: its last five digits.
 void AssignLine(GdvSlot<kLine>& slot, const Side& trunk) {
-    const std::size_t kind_end = EndOfTrunkKind(trunk.name).value_or(trunk.name.size());
     constexpr std::size_t kLongestName = 64;
-    const auto digits = DigitsOnly<kLongestName>(server::Right(trunk.name.substr(kind_end), kLongestName));
+    const std::optional<std::size_t> kind_end = trunk.IsTrunk() ? EndOfTrunkKind(trunk.name) : std::nullopt;
+    const std::u16string_view port = kind_end ? trunk.name.substr(*kind_end) : std::u16string_view{};
+    const auto digits = DigitsOnly<kLongestName>(server::Right(port, kLongestName));
     const std::u16string_view line = server::Right(digits, kLine.length);
     Assign(slot, server::ZeroPad(line.empty() ? kFirstLine : line, kLine.length));
 }
