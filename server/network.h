@@ -28,13 +28,13 @@ class Transfer {
 
 /// The views are read while the request is started, not later.
 struct HttpRequest {
-    std::u16string_view method;
-    std::u16string_view host;
-    std::int32_t port = 0;       ///< 0: the scheme's own
-    std::u16string_view target;  ///< path and query, handed over as built
-    std::u16string_view header;  ///< one line without its end, or empty
-    std::u16string_view user;    ///< for the host alone: redirects are not followed
-    std::u16string_view password;
+    std::u16string_view method = {};
+    std::u16string_view host = {};
+    std::int32_t port = 0;            ///< 0: the scheme's own
+    std::u16string_view target = {};  ///< path and query, handed over as built
+    std::u16string_view header = {};  ///< one line without its end, or empty
+    std::u16string_view user = {};    ///< for the host alone: redirects are not followed
+    std::u16string_view password = {};
     bool secure = false;
     std::uint32_t ignored_certificate_errors = 0;  ///< the system's flags
 };

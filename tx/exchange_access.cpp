@@ -1,0 +1,19 @@
+#include "tx/exchange_access.h"
+
+namespace vintrel::tx {
+
+bool Answer::Collect(server::Transfer& transfer) {
+    known_ = text_.size();
+    transfer.Receive(text_, kLimit + 1 - text_.size());
+    if (text_.size() > kLimit) return false;
+    const server::TransferState state = transfer.State();
+    whole_ = state == server::TransferState::Finished;
+    return !whole_ && state != server::TransferState::Failed;
+}
+
+bool Answer::Brought(std::string_view text) const {
+    const std::size_t overlap = std::min(known_, text.size() - 1);
+    return text_.find(text, known_ - overlap) != std::string::npos;
+}
+
+}  // namespace vintrel::tx
