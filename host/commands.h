@@ -19,6 +19,7 @@ struct Command {
 };
 
 extern const Command kModelsCommand;
+extern const Command kLinkCommand;
 extern const Command kConvertCommand;
 
 }  // namespace vintrel::host

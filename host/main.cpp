@@ -17,6 +17,7 @@ namespace {
 /// Adding a command is a line here and one in commands.h.
 constexpr const Command* kCommands[] = {
     &kModelsCommand,
+    &kLinkCommand,
     &kConvertCommand,
 };
 

@@ -1,9 +1,10 @@
-// "models": the catalogue of the server.
+// "models": the catalogue of the server, and the services of each model.
 #include <string>
 #include <vector>
 
 #include "host/commands.h"
 #include "host/console.h"
+#include "host/matrix.h"
 #include "host/output.h"
 #include "host/server.h"
 #include "host/text.h"
@@ -12,6 +13,7 @@ namespace vintrel::host {
 namespace {
 
 constexpr Option kOptions[] = {
+    {"--matrix", "", "with the hotel services that each model offers"},
     {"--format", "FORMAT", "table (default), csv or json (one object per line)"},
 };
 
@@ -31,9 +33,13 @@ std::vector<std::string> Codes(const Server& server) {
 ExitCode Run(const Options& options) {
     const Format format = ParseFormat(options.Get("--format", "table"));
     const Server server;
+    Output output = StandardOutput();
+    if (options.Has("--matrix")) {
+        WriteMatrix(server, Codes(server), format, output);
+        return ExitCode::Ok;
+    }
     std::vector<std::vector<std::string>> records;
     for (const std::string& code : Codes(server)) records.push_back({code, ToUtf8(Model(server, code).Name())});
-    Output output = StandardOutput();
     WriteRecords(format, {"Code", "Model"}, records, output);
     return ExitCode::Ok;
 }
@@ -43,8 +49,10 @@ ExitCode Run(const Options& options) {
 const Command kModelsCommand{
     "models",
     "lists the exchange models that the server knows",
-    "[--format FORMAT]",
-    "Lists the code and the name of every exchange model. The code is what --model takes.",
+    "[--matrix] [--format FORMAT]",
+    "Lists the code and the name of every exchange model. The code is what --model takes.\n"
+    "With --matrix also the hotel services of each model, as the server answers: yes or no, and 0 to 2 for\n"
+    "the wake-up date level.",
     kOptions,
     Run,
 };
