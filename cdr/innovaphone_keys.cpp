@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "server/control_characters.h"
+#include "server/scan.h"
 
 namespace vintrel::cdr {
 namespace {
@@ -14,32 +15,38 @@ constexpr std::array<std::u16string_view, 13> kNames{
 
 bool BeginsKey(char16_t character) { return character == u'&' || character == server::kBlank; }
 
-bool EndsValue(char16_t character) {
-    return BeginsKey(character) || character == server::kCr || character == server::kLf;
+/// Where the value ends that stands at `at`.
+const char16_t* EndOfValue(const char16_t* at, const char16_t* end) {
+    // The four characters that end a value are among the few up to "&".
+    for (;; ++at) {
+        at = server::FindAtMost(at, end, u'&');
+        if (at == end || BeginsKey(*at) || *at == server::kCr || *at == server::kLf) return at;
+    }
 }
 
 }  // namespace
 
 InnovaphoneKeys::InnovaphoneKeys(std::u16string_view record) {
-    auto at = record.begin();
-    const auto end = record.end();
+    const char16_t* at = record.data();
+    const char16_t* const end = at + record.size();
+    const char16_t* equals = at;
     for (;;) {
-        const auto value_end = std::find_if(at, end, EndsValue);
-        Keep({at, value_end});
+        const char16_t* const value_end = EndOfValue(at, end);
+        if (equals <= at) equals = server::FindCharacter(at, end, u'=');
+        if (equals == end) return;
+        if (equals < value_end) Keep({at, equals}, {equals + 1, value_end});
         at = std::find_if(value_end, end, BeginsKey);
         if (at == end) return;
         ++at;
     }
 }
 
-void InnovaphoneKeys::Keep(std::u16string_view pair) {
-    const std::size_t equals = pair.find(u'=');
-    if (equals == std::u16string_view::npos) return;
-    const auto* const name = std::find(kNames.begin(), kNames.end(), pair.substr(0, equals));
-    if (name == kNames.end()) return;
-    std::u16string_view& value = values_[static_cast<std::size_t>(name - kNames.begin())];
-    const bool first = value.data() == nullptr;
-    if (first) value = pair.substr(equals + 1);
+void InnovaphoneKeys::Keep(std::u16string_view name, std::u16string_view value) {
+    const auto* const found = std::find(kNames.begin(), kNames.end(), name);
+    if (found == kNames.end()) return;
+    std::u16string_view& kept = values_[static_cast<std::size_t>(found - kNames.begin())];
+    const bool first = kept.data() == nullptr;
+    if (first) kept = value;
 }
 
 std::u16string_view InnovaphoneKeys::operator[](InnovaphoneKey key) const {

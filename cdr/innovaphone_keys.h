@@ -38,7 +38,7 @@ class InnovaphoneKeys {
  private:
     static constexpr std::size_t kCount = 13;
 
-    void Keep(std::u16string_view pair);
+    void Keep(std::u16string_view name, std::u16string_view value);
 
     std::array<std::u16string_view, kCount> values_;
 };

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "server/control_characters.h"
+#include "server/scan.h"
 #include "server/text.h"
 
 namespace vintrel::cdr {
@@ -17,10 +18,16 @@ std::u16string_view WithoutLineEnds(std::u16string_view record) {
     return record.substr(first, record.find_last_not_of(kLineEnds) - first + 1);
 }
 
+/// Hardly any value has blanks around it.
+std::u16string_view Trimmed(std::u16string_view value) {
+    const bool blanks = !value.empty() && (value.front() == server::kBlank || value.back() == server::kBlank);
+    return blanks ? server::Trim(value) : value;
+}
+
 /// The quote that closes a value, or `end` when none does.
 const char16_t* ClosingQuote(const char16_t* at, const char16_t* end, QuoteStyle style) {
     for (;;) {
-        at = std::find(at, end, style.quote);
+        at = server::FindCharacter(at, end, style.quote);
         if (at == end) return end;
         const char16_t* const next = at + 1;
         if (next == end) return at;
@@ -44,8 +51,9 @@ QuotedFields::QuotedFields(std::u16string_view record, QuoteStyle style, std::si
     while (count_ < wanted) {
         const bool quoted = at != end && *at == style.quote;
         const char16_t* const value = quoted ? at + 1 : at;
-        const char16_t* const value_end = quoted ? ClosingQuote(value, end, style) : std::find(at, end, kComma);
-        fields_[count_++] = server::Trim({value, value_end});
+        const char16_t* const value_end =
+            quoted ? ClosingQuote(value, end, style) : server::FindCharacter(at, end, kComma);
+        fields_[count_++] = Trimmed({value, value_end});
         const char16_t* const comma = quoted && value_end != end ? value_end + 1 : value_end;
         if (comma == end) break;
         at = comma + 1;

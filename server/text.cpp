@@ -6,6 +6,7 @@
 #include <limits>
 
 #include "server/control_characters.h"
+#include "server/scan.h"
 
 namespace vintrel::server {
 namespace {
@@ -185,7 +186,12 @@ bool UpperBegins(std::u16string_view text, std::u16string_view word) {
 }
 
 bool Contains(std::u16string_view text, std::u16string_view part) {
-    return text.find(part) != std::u16string_view::npos;
+    if (part.empty()) return true;
+    const char16_t* at = text.data();
+    const char16_t* const end = at + text.size();
+    for (; (at = FindCharacter(at, end, part.front())) != end; ++at)
+        if (std::u16string_view(at, end).starts_with(part)) return true;
+    return false;
 }
 
 bool IsDigit(char16_t character) { return character >= u'0' && character <= u'9'; }

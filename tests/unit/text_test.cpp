@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "printing.h"
+#include "server/scan.h"
 
 namespace vintrel::server {
 namespace {
@@ -116,6 +117,25 @@ TEST(Text, MidReadsShortAndNeverBeforeTheText) {
     EXPECT_EQ(Right(u"abc", 5), u"abc");
     EXPECT_EQ(Right(u"abc", 2), u"bc");
     EXPECT_EQ(Trim(u"  a\tb  "), u"a\tb");
+}
+
+TEST(Scan, FindsTheFirstAtEveryPositionAndLength) {
+    for (std::size_t length = 0; length <= 20; ++length) {
+        for (std::size_t at = 0; at <= length; ++at) {
+            std::u16string text(length, u'\xFF26');  // its low byte is that of "&"
+            text.replace(at, std::u16string::npos, length - at, u'&');
+            const char16_t* const begin = text.data();
+            const char16_t* const end = begin + length;
+            EXPECT_EQ(FindCharacter(begin, end, u'&') - begin, static_cast<std::ptrdiff_t>(at)) << length;
+            EXPECT_EQ(FindAtMost(begin, end, u'&') - begin, static_cast<std::ptrdiff_t>(at)) << length;
+        }
+    }
+}
+
+TEST(Text, ContainsFindsAPartWhereverItStands) {
+    EXPECT_TRUE(Contains(u"aaaaaaaaaaaaaab", u"aab"));
+    EXPECT_TRUE(Contains(u"", u""));
+    EXPECT_FALSE(Contains(u"</cdr", u"</cdr>"));
 }
 
 }  // namespace

@@ -1,0 +1,58 @@
+// Searching a text eight characters at a time: records of the network exchanges are long, and most of it is passed
+// over.
+#pragma once
+
+#include <bit>
+#include <cstddef>
+
+#if defined(__SSE2__)
+#include <emmintrin.h>
+#endif
+
+namespace vintrel::server {
+
+#if defined(__SSE2__)
+namespace scan {
+
+inline constexpr std::ptrdiff_t kBlock = 8;
+
+inline __m128i Load(const char16_t* at) {
+    return _mm_loadu_si128(static_cast<const __m128i_u*>(static_cast<const void*>(at)));
+}
+inline __m128i Eight(char16_t character) { return _mm_set1_epi16(static_cast<short>(character)); }
+
+/// The first of eight characters that is marked; `kBlock` when none is.
+inline std::ptrdiff_t FirstMarked(__m128i marks) {
+    const auto bytes = static_cast<unsigned>(_mm_movemask_epi8(marks));
+    return bytes == 0 ? kBlock : std::countr_zero(bytes) / 2;
+}
+
+}  // namespace scan
+#endif
+
+/// The first `character` in [at, end), else `end`.
+inline const char16_t* FindCharacter(const char16_t* at, const char16_t* end, char16_t character) {
+#if defined(__SSE2__)
+    for (const __m128i wanted = scan::Eight(character); end - at >= scan::kBlock; at += scan::kBlock) {
+        const std::ptrdiff_t found = scan::FirstMarked(_mm_cmpeq_epi16(scan::Load(at), wanted));
+        if (found != scan::kBlock) return at + found;
+    }
+#endif
+    while (at != end && *at != character) ++at;
+    return at;
+}
+
+/// The first character in [at, end) that is not above `limit`, else `end`.
+inline const char16_t* FindAtMost(const char16_t* at, const char16_t* end, char16_t limit) {
+#if defined(__SSE2__)
+    for (const __m128i most = scan::Eight(limit); end - at >= scan::kBlock; at += scan::kBlock) {
+        const __m128i above = _mm_subs_epu16(scan::Load(at), most);
+        const std::ptrdiff_t found = scan::FirstMarked(_mm_cmpeq_epi16(above, _mm_setzero_si128()));
+        if (found != scan::kBlock) return at + found;
+    }
+#endif
+    while (at != end && *at > limit) ++at;
+    return at;
+}
+
+}  // namespace vintrel::server
