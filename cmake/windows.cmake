@@ -23,3 +23,7 @@ set_source_files_properties(${surface_dir}/Vintrel_i.c PROPERTIES LANGUAGE CXX C
 # What a client links: #include "Vintrel.h", the CLSID_, IID_ and LIBID_ constants.
 add_library(vintrel_surface STATIC ${surface_dir}/Vintrel_i.c ${surface_dir}/Vintrel.h)
 target_include_directories(vintrel_surface SYSTEM INTERFACE ${surface_dir})
+
+# --- The platform edge: every file that talks to Windows below the COM skin ------------------------------------------
+add_library(vintrel_edge STATIC ${edge_sources})
+target_link_libraries(vintrel_edge PUBLIC vintrel_core user32 gdi32 shell32 comctl32 advapi32)

@@ -1,0 +1,21 @@
+// The module that this code is linked into: the owner of window classes and resources.
+#pragma once
+
+#include <windows.h>
+
+extern "C" IMAGE_DOS_HEADER __ImageBase;  // NOLINT(bugprone-reserved-identifier): the linker's name
+
+namespace vintrel::server {
+
+inline HINSTANCE ThisModule() { return reinterpret_cast<HINSTANCE>(&__ImageBase); }
+
+/// Runs a body whose caller is Windows: no exception may leave it.
+template <typename Body>
+void Fenced(Body body) noexcept {
+    try {
+        body();
+    } catch (...) {  // NOLINT(bugprone-empty-catch): nobody is there to learn it; the next message is handled anew
+    }
+}
+
+}  // namespace vintrel::server
