@@ -1,4 +1,4 @@
-# The Windows side: the COM surface out of its IDL, the server DLL, and the reference host.
+# The Windows side: the COM surface out of its IDL, the platform edge, and the server DLL.
 
 # --- The surface: header, identifiers and type library ----------------------------------------------------------------
 find_path(VINTREL_IDL_IMPORTS oaidl.idl PATHS /usr/include/wine/wine/windows NO_CMAKE_FIND_ROOT_PATH REQUIRED)
@@ -27,3 +27,47 @@ target_include_directories(vintrel_surface SYSTEM INTERFACE ${surface_dir})
 # --- The platform edge: every file that talks to Windows below the COM skin ------------------------------------------
 add_library(vintrel_edge STATIC ${edge_sources})
 target_link_libraries(vintrel_edge PUBLIC vintrel_core user32 gdi32 shell32 comctl32 advapi32)
+
+# --- The server -------------------------------------------------------------------------------------------------------
+enable_language(RC)
+if(CMAKE_SIZEOF_VOID_P EQUAL 8)
+  set(VINTREL_ARCHITECTURE amd64)
+  set(image_base 0x180000000)
+else()
+  set(VINTREL_ARCHITECTURE x86)
+  set(image_base 0x10000000)
+endif()
+
+file(GLOB skin_sources CONFIGURE_DEPENDS com/*.cpp)
+# COM interfaces have no virtual destructor by contract: Release deletes.
+set_source_files_properties(${skin_sources} PROPERTIES COMPILE_OPTIONS -Wno-non-virtual-dtor)
+add_library(Vintrel MODULE ${skin_sources} com/Vintrel.rc com/Vintrel.def)
+target_link_libraries(Vintrel PRIVATE vintrel_edge vintrel_surface
+  ole32 oleaut32 advapi32 uuid)
+set_target_properties(Vintrel PROPERTIES PREFIX "" LIBRARY_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR})
+set_source_files_properties(com/Vintrel.rc PROPERTIES
+  INCLUDE_DIRECTORIES ${surface_dir} OBJECT_DEPENDS ${surface_dir}/Vintrel.tlb)
+target_link_options(Vintrel PRIVATE
+  -Wl,--kill-at,--enable-stdcall-fixup,--gc-sections,--dynamicbase,--nxcompat,--image-base=${image_base})
+
+# Small where nobody waits, fast where every call record and every late-bound call passes.
+set(release $<AND:$<COMPILE_LANGUAGE:CXX>,$<CONFIG:Release>>)
+foreach(part vintrel_core vintrel_edge Vintrel)
+  target_compile_options(${part} PRIVATE $<${release}:-g1 -Os -ffunction-sections -fdata-sections>)
+endforeach()
+file(GLOB fast_sources CONFIGURE_DEPENDS cdr/*.cpp)
+list(APPEND fast_sources server/text.cpp server/catalogue.cpp server/type_code.cpp
+  com/com_events_rx.cpp com/late_binding.cpp com/arguments.cpp)
+set_property(SOURCE ${fast_sources} APPEND PROPERTY COMPILE_OPTIONS $<$<CONFIG:Release>:-O2>)
+
+# The symbols stay beside the DLL that ships.
+add_custom_command(TARGET Vintrel POST_BUILD
+  COMMAND ${CMAKE_OBJCOPY} --only-keep-debug $<TARGET_FILE:Vintrel> ${CMAKE_BINARY_DIR}/Vintrel.debug
+  COMMAND ${CMAKE_STRIP} --strip-all $<TARGET_FILE:Vintrel>
+  COMMAND ${CMAKE_OBJCOPY} --add-gnu-debuglink=Vintrel.debug $<TARGET_FILE:Vintrel>
+  WORKING_DIRECTORY ${CMAKE_BINARY_DIR}
+  VERBATIM)
+
+set(VINTREL_TYPE_LIBRARY ${surface_dir}/Vintrel.tlb)
+set(VINTREL_MANIFEST ${CMAKE_BINARY_DIR}/Vintrel.Server.manifest)
+configure_file(com/Vintrel.Server.manifest.in ${VINTREL_MANIFEST} @ONLY)

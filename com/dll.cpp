@@ -1,0 +1,39 @@
+// What the DLL exports.
+#include <windows.h>
+
+#include <olectl.h>
+
+#include "com/class_factory.h"
+#include "com/class_table.h"
+#include "com/guarded.h"
+#include "com/module.h"
+#include "com/registration.h"
+
+using namespace vintrel::com;
+
+STDAPI DllGetClassObject(REFCLSID clsid, REFIID iid, LPVOID* factory) {
+    if (!factory) return E_POINTER;
+    *factory = nullptr;
+    const ClassEntry* entry = FindClass(clsid);
+    if (!entry) return CLASS_E_CLASSNOTAVAILABLE;
+    return GuardedResult([&] { return NewClassFactory(*entry, iid, factory); });
+}
+
+STDAPI DllCanUnloadNow() { return CanUnload() ? S_OK : S_FALSE; }
+
+STDAPI DllRegisterServer() {
+    return GuardedResult([] { return Register(Scope::Machine); });
+}
+
+STDAPI DllUnregisterServer() {
+    return GuardedResult([] { return Unregister(Scope::Machine); });
+}
+
+/// "regsvr32 /n /i:user Vintrel.dll" registers for the current user, without administrator rights.
+STDAPI DllInstall(BOOL install, LPCWSTR command_line) {
+    const bool user = command_line && lstrcmpiW(command_line, L"user") == 0;
+    return GuardedResult([&] {
+        const Scope scope = user ? Scope::User : Scope::Machine;
+        return install ? Register(scope) : Unregister(scope);
+    });
+}

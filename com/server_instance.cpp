@@ -1,0 +1,17 @@
+#include "com/server_instance.h"
+
+namespace vintrel::com {
+namespace {
+
+Server the_server;
+
+}  // namespace
+
+void Server::Close() {
+    support_list_.Unload();
+    loop_.DestroyHiddenWindow();
+}
+
+Server& TheServer() { return the_server; }
+
+}  // namespace vintrel::com
