@@ -21,5 +21,6 @@ struct Command {
 extern const Command kModelsCommand;
 extern const Command kLinkCommand;
 extern const Command kConvertCommand;
+extern const Command kListenCommand;
 
 }  // namespace vintrel::host

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <string>
 
+#include "host/ask_link.h"
 #include "host/call_record.h"
 #include "host/commands.h"
 #include "host/console.h"

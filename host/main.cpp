@@ -19,6 +19,7 @@ constexpr const Command* kCommands[] = {
     &kModelsCommand,
     &kLinkCommand,
     &kConvertCommand,
+    &kListenCommand,
 };
 
 constexpr std::string_view kHead =

@@ -1,7 +1,5 @@
 #include "host/recognition.h"
 
-#include "host/text.h"
-
 namespace vintrel::host {
 namespace {
 
@@ -11,15 +9,6 @@ constexpr std::u16string_view kFiasPosting = u"\2PS|";
 constexpr std::size_t kAnyLength = 9999;
 
 }  // namespace
-
-Framing FramingOf(const Server& server, const Model& model) {
-    Framing framing;
-    framing.end = ToBytes(model.Text(server.rx, &_ComEventsRX::GetComEtxEndReadRx));
-    framing.end2 = ToBytes(model.Text(server.rx, &_ComEventsRX::GetComEtxEndReadRx2));
-    if (framing.end == ToBytes(server.Text(server.link, &_ComProgramSet::GetComETXRx)))
-        framing.start = ToBytes(server.Text(server.link, &_ComProgramSet::GetComSTXRx));
-    return framing;
-}
 
 Recognition::Recognition(const Server& server, const Model& model)
     : server_(server),

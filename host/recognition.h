@@ -4,15 +4,11 @@
 #include <cstdint>
 #include <string_view>
 
-#include "host/frames.h"
 #include "host/server.h"
 
 namespace vintrel::host {
 
 enum class FrameKind : std::uint8_t { CallRecord, RoomState, RoomAlarm, WakeUpResult, WakeUpSetting, Other };
-
-/// The server's answers how frames of the model are told apart.
-Framing FramingOf(const Server& server, const Model& model);
 
 class Recognition {
  public:
