@@ -67,7 +67,7 @@ class InputFile {
     std::uint64_t Size() const { return size_; }
 
  private:
-    static constexpr std::size_t kPiece = 256 * 1024;
+    static constexpr std::size_t kPiece = 1024 * 1024;
     std::string name_;
     Handle file_;
     bool standard_input_ = false;

@@ -38,15 +38,22 @@ void AppendName(std::string& out, char16_t control) {
 }
 
 template <typename Character>
-void AppendCsv(std::string& out, std::basic_string_view<Character> text) {
-    const bool quoted = std::any_of(text.begin(), text.end(), [](Character c) { return c == ',' || c == '"'; });
-    if (quoted) out += '"';
+void AppendShown(std::string& out, std::basic_string_view<Character> text) {
     for (const Character character : text) {
-        if (character == '"') out += '"';
         if (IsControl(character))
             AppendName(out, static_cast<char16_t>(character));
         else
             Append(out, character);
+    }
+}
+
+template <typename Character>
+void AppendCsv(std::string& out, std::basic_string_view<Character> text) {
+    const bool quoted = std::any_of(text.begin(), text.end(), [](Character c) { return c == ',' || c == '"'; });
+    if (quoted) out += '"';
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        if (text[i] == '"') out += '"';
+        AppendShown(out, text.substr(i, 1));
     }
     if (quoted) out += '"';
 }
@@ -62,6 +69,30 @@ void AppendJson(std::string& out, std::basic_string_view<Character> text) {
         else
             Append(out, character);
     }
+}
+
+/// Copies text of ASCII without control characters. @return false, with anything copied, for any other text.
+template <typename Character>
+bool CopyPlain(char* to, std::basic_string_view<Character> text) {
+    bool plain = true;
+    for (const Character character : text) {
+        plain &= character >= ' ' && character < 0x7F;
+        *to++ = static_cast<char>(character);
+    }
+    return plain;
+}
+
+/// Appends text that needs no treatment: ASCII without control characters, quotes and backslashes, and in CSV without
+/// commas. @return false, with nothing appended, for any other text.
+template <typename Character>
+bool AppendPlain(std::string& out, std::basic_string_view<Character> text, Format format) {
+    const std::size_t before = out.size();
+    out.resize(before + text.size());
+    bool plain = CopyPlain(out.data() + before, text);
+    const std::string_view added = std::string_view(out).substr(before);
+    if (format != Format::Table) plain = plain && added.find_first_of(",\"\\") == std::string_view::npos;
+    if (!plain) out.resize(before);
+    return plain;
 }
 
 /// Characters that take a place on the line.
@@ -85,11 +116,13 @@ void Output::Flush() {
 }
 
 RecordWriter::RecordWriter(Format format, std::vector<Column> columns, Output& output)
-    : format_(format), columns_(std::move(columns)), output_(output) {
+    : format_(format), columns_(std::move(columns)), output_(output), in_row_(format == Format::Table) {
     for (Column& column : columns_) {
         column.width = std::max(column.width, ShownLength(column.title));
         std::string key = column.title;
         for (char& c : key) c = c == ' ' ? '_' : c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c;
+        starts_.push_back(row_.size());
+        row_.append(column.width + kGap, ' ');
         json_heads_.push_back((json_heads_.empty() ? "{\"" : ",\"") + key + "\":\"");
     }
 }
@@ -119,26 +152,40 @@ void RecordWriter::CloseTableCell(std::size_t length) {
     blanks_ += (length < width ? width - length : 0) + kGap;
 }
 
+/// Most rows of a table have short, plain cells: they are laid out in a row of blanks, without a look at the output.
+template <typename Character>
+bool RecordWriter::AddToRow(std::basic_string_view<Character> text) {
+    if (!in_row_) return false;
+    const std::size_t start = starts_[next_];
+    if (text.size() <= columns_[next_].width && CopyPlain(row_.data() + start, text)) {
+        if (!text.empty()) row_end_ = start + text.size();
+        return true;
+    }
+    in_row_ = false;
+    blanks_ = start - row_end_;
+    output_.Text().append(row_, 0, row_end_);
+    row_.assign(row_.size(), ' ');
+    return false;
+}
+
 template <typename Character>
 void RecordWriter::Add(std::basic_string_view<Character> text) {
     if (next_ == columns_.size()) return;
     text = WithoutBlanks(text);
-    if (format_ != Format::Table || !text.empty()) OpenCell();
-    std::string& out = output_.Text();
-    if (format_ == Format::Json) {
-        AppendJson(out, text);
-        out += '"';
-    } else if (format_ == Format::Csv) {
-        AppendCsv(out, text);
-    } else {
+    if (!AddToRow(text)) {
+        if (format_ != Format::Table || !text.empty()) OpenCell();
+        std::string& out = output_.Text();
         const std::size_t before = out.size();
-        for (const Character character : text) {
-            if (IsControl(character))
-                AppendName(out, static_cast<char16_t>(character));
-            else
-                Append(out, character);
+        const bool plain = AppendPlain(out, text, format_);
+        if (format_ == Format::Json) {
+            if (!plain) AppendJson(out, text);
+            out += '"';
+        } else if (format_ == Format::Csv) {
+            if (!plain) AppendCsv(out, text);
+        } else {
+            if (!plain) AppendShown(out, text);
+            CloseTableCell(plain ? text.size() : ShownLength(std::string_view(out).substr(before)));
         }
-        CloseTableCell(ShownLength(std::string_view(out).substr(before)));
     }
     ++next_;
 }
@@ -148,9 +195,17 @@ void RecordWriter::Cell(std::string_view utf8) { Add(utf8); }
 
 void RecordWriter::EndRecord() {
     while (next_ < columns_.size()) Cell(std::string_view());
-    output_.Text() += format_ == Format::Json ? "}\n" : "\n";
+    std::string& out = output_.Text();
+    if (in_row_) {
+        out.append(row_, 0, row_end_);
+        std::fill_n(row_.begin(), row_end_, ' ');
+    }
+    if (format_ == Format::Json) out += '}';
+    out += '\n';
     next_ = 0;
     blanks_ = 0;
+    row_end_ = 0;
+    in_row_ = format_ == Format::Table;
     output_.FlushWhenLarge();
 }
 

@@ -29,7 +29,7 @@ class Output {
     void Flush();
 
  private:
-    static constexpr std::size_t kPiece = 128 * 1024;
+    static constexpr std::size_t kPiece = 1024 * 1024;
     Write write_;
     std::string text_;
 };
@@ -54,6 +54,8 @@ class RecordWriter {
  private:
     template <typename Character>
     void Add(std::basic_string_view<Character> text);
+    template <typename Character>
+    bool AddToRow(std::basic_string_view<Character> text);
     void OpenCell();
     void CloseTableCell(std::size_t length);
 
@@ -63,6 +65,11 @@ class RecordWriter {
     Output& output_;
     std::size_t next_ = 0;
     std::size_t blanks_ = 0;  ///< owed before the next table cell
+
+    bool in_row_;  ///< of a table, while all its cells fit their columns
+    std::string row_;
+    std::vector<std::size_t> starts_;  ///< of the columns in the row
+    std::size_t row_end_ = 0;          ///< of its last cell that is not empty
 };
 
 /// A small table whose columns are as wide as their values.

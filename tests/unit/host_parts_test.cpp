@@ -131,6 +131,18 @@ std::string Written(Format format) {
     return text;
 }
 
+TEST(RecordWriter, KeepsTheColumnsAfterACellThatIsTooWide) {
+    std::string text;
+    Output output([&](std::string_view piece) { text += piece; });
+    RecordWriter writer(Format::Table, {{"A", 2}, {"B", 2}, {"C", 2}}, output);
+    for (const std::string_view middle : {"long one", "", "\u00E9\u00E9", "b"}) {
+        for (const std::string_view cell : {std::string_view("a"), middle, std::string_view("c")}) writer.Cell(cell);
+        writer.EndRecord();
+    }
+    output.Flush();
+    EXPECT_EQ(text, "a   long one  c\na       c\na   \u00E9\u00E9  c\na   b   c\n");
+}
+
 TEST(RecordWriter, AlignsQuotesAndEscapesPerFormat) {
     EXPECT_EQ(Written(Format::Table),
               "User   Guest Name\n"
