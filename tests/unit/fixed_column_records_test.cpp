@@ -1,0 +1,191 @@
+#include "call_records.h"
+
+namespace vintrel::cdr {
+namespace {
+
+using testing::Link;
+using testing::Shown;
+using testing::With;
+
+using Texts = std::initializer_list<std::pair<std::size_t, std::u16string_view>>;
+
+const std::u16string kMitelCall =
+    With(std::u16string(140, u' '),
+         {{1, u"\t  301"}, {18, u"10"}, {21, u"240304 08:02 00H03M12 00001"}, {61, u"   12"}, {67, u"0041448001122"}}) +
+    u"\r\n";
+
+TEST(MitelRecord, ReadsItsColumns) {
+    const struct {
+        int line;
+        Texts texts;
+        const char* fields;
+    } rows[] = {
+        {__LINE__, {}, "00001 301 0041448001122 0000 0/0/1 0012 00192 04.03.24 08:02 -"},
+        {__LINE__, {{8, u"4711 "}}, "00001 301 0041448001122 4711 0/0/1 0012 00192 04.03.24 08:02 -"},
+        {__LINE__, {{8, u"  7  "}}, "00001 301 0041448001122 0007 0/0/1 0012 00192 04.03.24 08:02 -"},
+        {__LINE__, {{49, u" 0449990301"}}, "00001 301 0041448001122 0000 0/0/1 0012 00192 04.03.24 08:02 0449990301"},
+        {__LINE__, {{34, u"xxHyyMzz"}}, "00001 301 0041448001122 0000 0/0/1 0012 00000 04.03.24 08:02 -"},
+        {__LINE__, {{34, u"27H46M39"}}, "00001 301 0041448001122 0000 0/0/1 0012 99999 04.03.24 08:02 -"},
+        {__LINE__, {{61, u"98765"}}, "00001 301 0041448001122 0000 0/0/1 8765 00192 04.03.24 08:02 -"},
+    };
+    Link link(u"TYPE10004");
+    for (const auto& row : rows)
+        EXPECT_EQ(link.Convert(With(kMitelCall, row.texts)), row.fields) << "row in line " << row.line;
+}
+
+TEST(MitelRecord, ADurationThatDoesNotFitMakesTheRecordShorter) {
+    EXPECT_EQ(Link(u"TYPE10016").Raw(With(kMitelCall, {{34, u"27H46M40"}})).size(), 82U);
+}
+
+TEST(MitelRecord, CallTypeCodes) {
+    const struct {
+        const char16_t* codes;
+        char16_t type;
+    } rows[] = {{u"10 70 90 14 74 94 15 18 98", u'1'},
+                {u"00 60 80 04 64 84 05 06 07 08 68 88", u'3'},
+                {u"20", u'2'},
+                {u"22 24", u'7'},
+                {u"21 23 25 26 27 28 29", u'0'},
+                {u"01 02 03 09 19 30 44 61 62 63 69 99 2x 0  7  ", u'1'}};
+    Link link(u"TYPE10005");
+    for (const auto& row : rows) {
+        const std::u16string_view codes = row.codes;
+        for (std::size_t i = 0; i < codes.size(); i += 3) {
+            const std::u16string_view code = codes.substr(i, 2);
+            EXPECT_EQ(link.Raw(With(kMitelCall, {{18, code}})).at(33), row.type) << Shown(code);
+        }
+    }
+}
+
+TEST(AlcatelRecord, ReadsItsColumns) {
+    const std::u16string call = With(std::u16string(143, u' '), {{9, u"  401-->  L01"},
+                                                                 {22, u"04/03/24 08:02 00:03:12    12"},
+                                                                 {61, u"0041448001......"},
+                                                                 {107, u"................"}});
+    const struct {
+        int line;
+        Texts texts;
+        const char* fields;
+    } rows[] = {
+        {__LINE__, {}, "00L01 00401 0041448001 0000 0/0/1 0012 00192 04.03.24 08:02 -"},
+        {__LINE__, {{14, u"<--"}}, "00L01 00401 0041448001 0000 0/0/0 0012 00192 04.03.24 08:02 -"},
+        {__LINE__, {{14, u"<--"}, {37, u"00:00:00"}}, "00L01 00401 0041448001 0000 0/0/7 0012 00000 04.03.24 08:02 -"},
+        {__LINE__, {{14, u"CS-"}, {37, u"00:00:00"}}, "00L01 00401 0041448001 0000 0/0/1 0012 00000 04.03.24 08:02 -"},
+        {__LINE__, {{107, u"............1234"}}, "00L01 00401 0041448001 1234 0/0/1 0012 00192 04.03.24 08:02 -"},
+        {__LINE__, {{107, u"       .9.      "}}, "00L01 00401 0041448001 0009 0/0/1 0012 00192 04.03.24 08:02 -"},
+        {__LINE__, {{46, u"  x12"}}, "00L01 00401 0041448001 0000 0/0/1 0000 00192 04.03.24 08:02 -"},
+    };
+    Link link(u"TYPE10009");
+    for (const auto& row : rows)
+        EXPECT_EQ(link.Convert(With(call, row.texts)), row.fields) << "row in line " << row.line;
+    EXPECT_EQ(Shown(link.Raw(call).substr(11, 16)), "0041448001      ") << "dots become blanks, one for one";
+    EXPECT_EQ(link.Raw(With(call, {{46, u"10000"}})).size(), 83U) << "units of five digits do not fit";
+}
+
+TEST(IntegralRecord, PassesTheExchangesOwnColumnsThrough) {
+    Link link(u"TYPE10007");
+    EXPECT_EQ(link.Convert(u"\x02"
+                           u"00003002030041448001122   1234ABC0033 1920403240802\x03"),
+              "00003 00203 0041448001122 1234 A/B/C 0033 00192 04.03.24 08:02 -");
+    EXPECT_EQ(Shown(link.Raw(u"\x02"
+                             u"00003")),
+              "<STX>0000300000" + std::string(33, ' ') + "<ETX>")
+        << "a short record leaves its columns empty";
+}
+
+TEST(Integral2Record, IsTheLineOf82CharactersThatEndsBehindPosition90) {
+    const std::u16string line = With(std::u16string(82, u' '), {{6, u"  2010041448001122"},
+                                                                {29, u"  1"},
+                                                                {33, u" 1"},
+                                                                {37, u"03/04/24 08:02"},
+                                                                {54, u"  192"},
+                                                                {63, u"   12"},
+                                                                {81, u"\r\n"}});
+    Link link(u"TYPE10003");
+    EXPECT_EQ(link.Convert(std::u16string(38, u'#') + line + u"more\n"),
+              "00001 00201 0041448001122 0000 0/0/1 0012 00192 04.03.24 08:02 -");
+    EXPECT_EQ(Shown(link.caller_text), Shown(line));
+    EXPECT_EQ(link.Convert(std::u16string(9, u'\n') + With(line, {{33, u" 0"}})),
+              "00001 00201 0041448001122 0000 0/0/0 0012 00192 04.03.24 08:02 -")
+        << "a line feed at position 91, and type 0";
+    const std::u16string early = u"12345678" + line;
+    EXPECT_EQ(link.Convert(early), "rejected") << "its only line feed stands at position 90";
+    EXPECT_EQ(Shown(link.caller_text), Shown(early));
+}
+
+TEST(FiasPosting, ReadsItsFieldsByTheirKeys) {
+    const struct {
+        int line;
+        const char16_t* record;
+        std::string fields;
+    } rows[] = {
+        {__LINE__, u"PS|RN102|DD0041223344|MP12|DU95|DA240131|TI1405|",
+         "00001 00102 0041223344 0000 0/0/1 0012 00095 31.01.24 14:05 -"},
+        {__LINE__, u"  PS|DA240131|TI140559|DU000345|MP8|DD 0041 |RN 7 |  ",
+         "00001 00007 0041 0000 0/0/1 0008 00345 31.01.24 14:05 -"},
+        {__LINE__, u"PS|RNsuite|DA240131|TI1405|", "00001 00000 - 0000 0/0/1 0000 00000 31.01.24 14:05 -"},
+        {__LINE__, u"LD|DA240131|TI1405|IFPB|", "rejected"},
+        {__LINE__, u"LR|RIPS|FLRNDD|", "rejected"},
+        {__LINE__, u"PS|RNOLD|DA240131|", "rejected"},  // "LD|" anywhere
+        {__LINE__, u"PS|RN102|DD004|DA240131|TI1405",
+         "short: <STX>0000100102004             0000001000000000310124" + std::string(33, ' ') + "<ETX>"},
+    };
+    Link link(u"TYPE12000");
+    for (const auto& row : rows) EXPECT_EQ(link.Convert(row.record), row.fields) << "row in line " << row.line;
+}
+
+const std::u16string kAlgoralCall = With(std::u16string(300, u' '), {{10, u":  301   001"},
+                                                                     {28, u"04 03 2024 08:02"},
+                                                                     {73, u"  12"},
+                                                                     {90, u" 0:03 :12"},
+                                                                     {142, u"U"},
+                                                                     {178, u" 0041448001122"},
+                                                                     {247, u"0327771100"},
+                                                                     {294, u"1234"}});
+
+TEST(AlgoralRecord, IsReadFromItsFirstColon) {
+    Link link(u"TYPE10010");
+    EXPECT_EQ(link.Convert(kAlgoralCall), "00001 00301 0041448001122 1234 0/0/1 0012 00192 04.03.24 08:02 -");
+    EXPECT_EQ(Shown(link.caller_text), "*Term." + Shown(kAlgoralCall.substr(9, 288)));
+    EXPECT_EQ(link.Convert(u"no colon"), "rejected");
+    EXPECT_EQ(Shown(link.caller_text), "no colon");
+
+    link.Raw(std::u16string(300, u'#') + u":123");
+    EXPECT_EQ(Shown(link.caller_text), "*Term.:") << "position 301 is the last that counts";
+    const std::u16string late = std::u16string(302, u'#') + u":";
+    link.Raw(late);
+    EXPECT_EQ(Shown(link.caller_text), Shown(late));
+}
+
+TEST(AlgoralRecord, TheLetterTellsTheKindOfTheCall) {
+    const struct {
+        const char16_t* letter;
+        const char16_t* user;
+        const char* fields;
+    } rows[] = {
+        {u"r", u"  301", "00001 00301 0041448001122 1234 0/0/1 0012 00192 04.03.24 08:02 -"},
+        {u"T", u"  301", "00001 00301 0041448001122 1234 0/0/3 0012 00192 04.03.24 08:02 -"},
+        {u"E", u"  301", "00001 00301 0327771100 1234 0/0/0 0012 00192 04.03.24 08:02 -"},
+        {u"o", u"  301", "00001 00301 0327771100 1234 0/0/2 0012 00192 04.03.24 08:02 -"},
+        {u"i", u"  301", "00001 00301 0327771100 1234 0/0/7 0012 00192 04.03.24 08:02 -"},
+        {u"I", u"    0", "00001 09999 0327771100 1234 0/0/7 0012 00192 04.03.24 08:02 -"},
+        {u"I", u"     ", "00001 09999 0327771100 1234 0/0/7 0012 00192 04.03.24 08:02 -"},
+        {u"E", u"    0", "00001 00000 0327771100 1234 0/0/0 0012 00192 04.03.24 08:02 -"},
+    };
+    Link link(u"TYPE10010");
+    for (const auto& row : rows)
+        EXPECT_EQ(link.Convert(With(kAlgoralCall, {{142, row.letter}, {11, row.user}})), row.fields)
+            << Shown(row.letter) << Shown(row.user);
+    EXPECT_EQ(link.Raw(With(kAlgoralCall, {{142, u"X"}})).size(), 71U) << "no number for an unknown kind";
+}
+
+TEST(AlgoralRecord, BlankHoursAreNone) {
+    Link link(u"TYPE10010");
+    EXPECT_EQ(link.Convert(With(kAlgoralCall, {{90, u"  "}})),
+              "00001 00301 0041448001122 1234 0/0/1 0012 00192 04.03.24 08:02 -");
+    EXPECT_EQ(link.Convert(With(kAlgoralCall, {{90, u"12"}})),
+              "00001 00301 0041448001122 1234 0/0/1 0012 43392 04.03.24 08:02 -");
+}
+
+}  // namespace
+}  // namespace vintrel::cdr
