@@ -373,5 +373,32 @@ TEST(NetworkSamples, RealCapturesConvertWithTheTotalsOfTheirCalls) {
         EXPECT_EQ(TotalsOf(Exchange(sample.type), sample.path), sample.totals) << sample.path;
 }
 
+/// "<STX>" and the like back to the characters.
+std::u16string WithControlCharacters(std::string line) {
+    const std::map<std::string, char> names{{"<STX>", 2}, {"<ETX>", 3}, {"<TAB>", 9}, {"<LF>", 10}, {"<CR>", 13}};
+    for (const auto& [name, character] : names)
+        for (std::size_t at = 0; (at = line.find(name, at)) != std::string::npos;)
+            line.replace(at, name.size(), 1, character);
+    return {line.begin(), line.end()};
+}
+
+TEST(CallRecordsPage, ItsExamplesAreTrue) {
+    std::ifstream page(std::filesystem::path(VINTREL_SOURCE_DIR) / "docs/call-records.md");
+    const std::string fence = "```gdv ";
+    int examples = 0;
+    for (std::string line, raw, gdv; std::getline(page, line);) {
+        if (!line.starts_with(fence)) continue;
+        ASSERT_TRUE(std::getline(page, raw) && std::getline(page, gdv));
+        const std::u16string type(line.begin() + static_cast<std::ptrdiff_t>(fence.size()), line.end());
+        const std::u16string text = WithControlCharacters(raw);
+        Exchange exchange(type);
+        server::InOutText record(text);
+        EXPECT_EQ(Shown(GetComConvertStringRX(type, record, exchange.state, {}, exchange.clock, exchange.message)), gdv)
+            << raw;
+        ++examples;
+    }
+    EXPECT_GE(examples, 9);
+}
+
 }  // namespace
 }  // namespace vintrel::cdr
