@@ -22,5 +22,6 @@ extern const Command kModelsCommand;
 extern const Command kLinkCommand;
 extern const Command kConvertCommand;
 extern const Command kListenCommand;
+extern const Command kClassifyCommand;
 
 }  // namespace vintrel::host

@@ -20,6 +20,7 @@ constexpr const Command* kCommands[] = {
     &kLinkCommand,
     &kConvertCommand,
     &kListenCommand,
+    &kClassifyCommand,
 };
 
 constexpr std::string_view kHead =
