@@ -1,7 +1,9 @@
 // The class ComEventsTX: pacing and orders. Each operation calls the core function of its name.
 #include "Vintrel.h"
 #include "com/automation.h"
+#include "tx/guests.h"
 #include "tx/pacing.h"
+#include "tx/wake_up.h"
 
 namespace vintrel::com {
 namespace {
@@ -42,18 +44,18 @@ class ComEventsTX final : public Automation<_ComEventsTX> {
     }
     STDMETHODIMP ComEventClockTX(BSTR* TypeX, long* UserX, BSTR* TimeX, BSTR* DateX, short* WakeUpMode,
                                  short* LanguageX, BSTR* result) noexcept override {
-        return NotBuiltYet(result, TypeX, UserX, TimeX, DateX, WakeUpMode, LanguageX);
+        return Answer(result, tx::ComEventClockTX, TypeX, UserX, TimeX, DateX, WakeUpMode, LanguageX);
     }
     STDMETHODIMP ComEventCheckInTX(BSTR* TypeX, long* UserX, BSTR* NameX, short* LanguageX, short* ChangeNameEnabled,
                                    BSTR* result) noexcept override {
-        return NotBuiltYet(result, TypeX, UserX, NameX, LanguageX, ChangeNameEnabled);
+        return Answer(result, tx::ComEventCheckInTX, TypeX, UserX, NameX, LanguageX, ChangeNameEnabled);
     }
     STDMETHODIMP ComEventCheckOutTX(BSTR* TypeX, long* UserX, short* ChangeNameEnabled,
                                     BSTR* result) noexcept override {
-        return NotBuiltYet(result, TypeX, UserX, ChangeNameEnabled);
+        return Answer(result, tx::ComEventCheckOutTX, TypeX, UserX, ChangeNameEnabled);
     }
     STDMETHODIMP ComEventUserNameTX(BSTR* TypeX, long* UserX, BSTR* NameZ, BSTR* result) noexcept override {
-        return NotBuiltYet(result, TypeX, UserX, NameZ);
+        return Answer(result, tx::ComEventUserNameTX, TypeX, UserX, NameZ);
     }
 };
 

@@ -3,12 +3,21 @@
 
 #include "cdr/convert.h"
 #include "rx/external_transfer.h"
+#include "server/ansi_text_win32.h"
 #include "server/clock_win32.h"
 #include "server/desktop_win32.h"
+#include "server/files_win32.h"
+#include "server/ini_win32.h"
+#include "server/initialisation.h"
 #include "server/message_loop_win32.h"
 #include "server/platform.h"
 #include "server/settings.h"
 #include "server/support_list_win32.h"
+#include "tx/driven_exchanges.h"
+#include "tx/http_win32.h"
+#include "tx/md5_win32.h"
+#include "tx/tcp_win32.h"
+#include "tx/telephony_win32.h"
 
 namespace vintrel::com {
 
@@ -29,6 +38,11 @@ class Server {
     operator server::MessageLoop&() { return loop_; }
     operator server::SupportListWindow&() { return support_list_; }
     operator server::HelpViewer&() { return help_viewer_; }
+    operator server::TelephonyService&() { return telephony_; }
+    operator server::InitialisationPlatform() {
+        return {message_, files_, ini_, ansi_, md5_, engine_, telephony_, loop_};
+    }
+    operator tx::DrivenExchanges&() { return exchanges_; }
     // NOLINTEND(google-explicit-constructor)
 
     /// Windows and timers go; the settings stay for the next object.
@@ -46,6 +60,15 @@ class Server {
     server::Win32MessageLoop loop_;
     server::Win32SupportList support_list_;
     server::Win32HelpViewer help_viewer_;
+    server::Win32Files files_;
+    server::Win32Ini ini_;
+    server::Win32AnsiText ansi_;
+    tx::Win32Md5 md5_;
+    tx::Win32RequestEngine engine_;
+    tx::Win32TcpClient tcp_;
+    tx::Win32Telephony telephony_;
+
+    tx::DrivenExchanges exchanges_{loop_, clock_, settings_, {engine_, tcp_, telephony_, ini_, ansi_}};
 };
 
 Server& TheServer();

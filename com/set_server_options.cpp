@@ -19,11 +19,15 @@ class SetServerOptions final : public Automation<_SetServerOptions> {
     STDMETHODIMP SetAllUserCommonDocumentsDirA(BSTR* DirX, VARIANT* result) noexcept override {
         return Answer(result, server::SetAllUserCommonDocumentsDirA, DirX);
     }
-    STDMETHODIMP InitializeServer(BSTR* TypeX, short* result) noexcept override { return NotBuiltYet(result, TypeX); }
-    STDMETHODIMP InitializeServerSec(BSTR* TypeX, short* result) noexcept override {
-        return NotBuiltYet(result, TypeX);
+    STDMETHODIMP InitializeServer(BSTR* TypeX, short* result) noexcept override {
+        return Answer(result, server::InitializeServer, TypeX);
     }
-    STDMETHODIMP UnInitializeServer(BSTR* TypeX, short* result) noexcept override { return NotBuiltYet(result, TypeX); }
+    STDMETHODIMP InitializeServerSec(BSTR* TypeX, short* result) noexcept override {
+        return Answer(result, server::InitializeServerSec, TypeX);
+    }
+    STDMETHODIMP UnInitializeServer(BSTR* TypeX, short* result) noexcept override {
+        return Answer(result, server::UnInitializeServer, TypeX);
+    }
 };
 
 }  // namespace

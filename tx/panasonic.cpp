@@ -155,8 +155,10 @@ bool Panasonic::Carry(std::uint32_t line, DeviceBlock::Request request) {
     loop.StartTimer(server::Timer::TspTimer, kReplyLimit, {});
     while (!replied() && loop.TimerRunning(server::Timer::TspTimer)) loop.WaitAndProcess(kReplyLimit);
     loop.StopTimer(server::Timer::TspTimer);
+    // A belated reply to an earlier order, which may come in the pause, takes nothing back.
+    const bool in_time = replied();
     server::WaitMilliseconds(loop, kPause);
-    return replied();
+    return in_time || replied();
 }
 
 }  // namespace vintrel::tx

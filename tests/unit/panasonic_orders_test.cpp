@@ -151,6 +151,12 @@ TEST_F(PanasonicOrders, AFailedFirstRequestSendsNoSecondAndAStaleReplyConfirmsNo
     EXPECT_EQ(CheckIn(u"Rossi"), "<ERROR>");
 }
 
+TEST_F(PanasonicOrders, ABelatedReplyToAnEarlierOrderTakesNoConfirmationBack) {
+    telephony.replies = {{.identifier = 50, .after = 3300}, {.identifier = 51, .after = 20, .replied_identifier = 51}};
+    EXPECT_EQ(CheckOut(0), "<ERROR>");
+    EXPECT_EQ(CheckOut(0), "<OK>");
+}
+
 TEST_F(PanasonicOrders, NeedTheServiceOnlyWhenHotelFunctionsAreOn) {
     settings.TapiReady = false;
     EXPECT_EQ(WakeUp(204, u"0730", 0), "<ERROR>");
