@@ -23,5 +23,6 @@ extern const Command kLinkCommand;
 extern const Command kConvertCommand;
 extern const Command kListenCommand;
 extern const Command kClassifyCommand;
+extern const Command kSimulateCommand;
 
 }  // namespace vintrel::host

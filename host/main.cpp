@@ -21,6 +21,7 @@ constexpr const Command* kCommands[] = {
     &kConvertCommand,
     &kListenCommand,
     &kClassifyCommand,
+    &kSimulateCommand,
 };
 
 constexpr std::string_view kHead =
