@@ -53,7 +53,7 @@ target_link_options(Vintrel PRIVATE
 # Small where nobody waits, fast where every call record and every late-bound call passes.
 set(release $<AND:$<COMPILE_LANGUAGE:CXX>,$<CONFIG:Release>>)
 foreach(part vintrel_core vintrel_edge Vintrel)
-  target_compile_options(${part} PRIVATE $<${release}:-g1 -Os -ffunction-sections -fdata-sections>)
+  target_compile_options(${part} PRIVATE $<${release}:-g1 -Os -fno-asynchronous-unwind-tables -ffunction-sections -fdata-sections>)
 endforeach()
 file(GLOB fast_sources CONFIGURE_DEPENDS cdr/*.cpp)
 list(APPEND fast_sources server/text.cpp server/catalogue.cpp server/type_code.cpp

@@ -8,6 +8,7 @@
 #include <string>
 #include <utility>
 
+#include "server/text.h"
 #include "server/wide_win32.h"
 
 namespace vintrel::tx {
@@ -37,7 +38,9 @@ class Winsock {
 class Lookup {
  public:
     Lookup(std::u16string_view host, std::int32_t port)
-        : host_(server::WideCopy(host)), port_(std::to_wstring(port)), thread_(GetCurrentThreadId()) {}
+        : host_(server::WideCopy(host)),
+          port_(server::WideCopy(server::DecimalText(port))),
+          thread_(GetCurrentThreadId()) {}
     ~Lookup() {
         if (addresses_ != nullptr) FreeAddrInfoW(addresses_);
     }
