@@ -8,8 +8,7 @@ using server::Trim;
 using server::ZeroPad;
 
 Outcome ConvertAlcatel(std::u16string_view record, GdvSlots& slots) {
-    const InlineText<6> hhmmss(Mid(record, 37, 2), Mid(record, 40, 2), Mid(record, 43, 2));
-    const double duration = HoursMinutesSecondsToSeconds(hhmmss);
+    const double duration = HoursMinutesSecondsToSeconds(Mid(record, 37, 2), Mid(record, 40, 2), Mid(record, 43, 2));
     const bool incoming = Trim(Mid(record, 14, 3)) == u"<--";
 
     AssignUnreported(slots);

@@ -1,6 +1,7 @@
 #include "cdr/algoral.h"
 
 #include <string>
+#include <utility>
 
 namespace vintrel::cdr {
 namespace {
@@ -47,8 +48,11 @@ Outcome ConvertAlgoral(server::InOutText& record, GdvSlots& slots) {
     const std::size_t colon = record.View().find(u':');
     if (colon == std::u16string_view::npos) return Outcome::Rejected;
     // A colon behind the useful part leaves nothing to cut, and the text is read as it stands.
-    if (colon <= kUsefulEnd)
-        record.Replace(std::u16string(u"*Term.").append(Trim(record.View().substr(colon, kUsefulEnd - colon))));
+    if (colon <= kUsefulEnd) {
+        std::u16string term = u"*Term.";
+        term += Trim(record.View().substr(colon, kUsefulEnd - colon));
+        record.Replace(std::move(term));
+    }
     const std::u16string_view text = record.View();
     const Kind kind = KindOf(Mid(text, 139, 1));
 

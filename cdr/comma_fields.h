@@ -6,6 +6,8 @@
 #include <cstddef>
 #include <string_view>
 
+#include "server/scan.h"
+
 namespace vintrel::cdr {
 
 /// The first `Count` fields, numbered from 1, as server::GetCommaField finds them: quotes mean nothing, and a number
@@ -14,12 +16,13 @@ template <std::size_t Count>
 class CommaFields {
  public:
     explicit CommaFields(std::u16string_view text) {
-        std::size_t start = 0;
+        const char16_t* start = text.data();
+        const char16_t* const end = start + text.size();
         while (count_ < Count) {
-            const std::size_t end = std::min(text.find(u',', start), text.size());
-            fields_[count_++] = text.substr(start, end - start);
-            if (end == text.size()) break;
-            start = end + 1;
+            const char16_t* const comma = server::FindCharacter(start, end, u',');
+            fields_[count_++] = std::u16string_view(start, comma);
+            if (comma == end) break;
+            start = comma + 1;
         }
     }
 

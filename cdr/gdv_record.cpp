@@ -17,11 +17,20 @@ InlineText<2> TwoDigits(int value) {
 
 }  // namespace
 
-GdvText Assemble(Outcome outcome, const GdvSlots& slots) {
-    if (outcome == Outcome::Rejected) return GdvText(kRejectMarker);
-    return GdvText(kStart, slots.line, slots.user, slots.number, slots.user_code, slots.spare, slots.info, slots.type,
-                   slots.unity, slots.duration, slots.day, slots.month, slots.year, slots.hour, slots.minute,
-                   slots.pty_number, slots.mac_address, kEnd);
+GdvText GdvSlots::Assemble() {
+    const bool full = line.Full() && user.Full() && number.Full() && user_code.Full() && spare.Full() && info.Full() &&
+                      type.Full() && unity.Full() && duration.Full() && day.Full() && month.Full() && year.Full() &&
+                      hour.Full() && minute.Full() && pty_number.Full() && mac_address.Full();
+    if (!full)
+        return GdvText(kStart, line, user, number, user_code, spare, info, type, unity, duration, day, month, year,
+                       hour, minute, pty_number, mac_address, kEnd);
+    record_.front() = server::kStx;
+    record_.back() = server::kEtx;
+    return GdvText(std::u16string_view(record_.data(), record_.size()));
+}
+
+GdvText Assemble(Outcome outcome, GdvSlots& slots) {
+    return outcome == Outcome::Rejected ? GdvText(kRejectMarker) : slots.Assemble();
 }
 
 void AssignUnreported(GdvSlots& slots) {
@@ -45,6 +54,11 @@ void AssignDateTime(GdvSlots& slots, const server::DateTime& date_time) {
 double HoursMinutesSecondsToSeconds(std::u16string_view hhmmss) {
     return server::NumberValue(server::Left(hhmmss, 2)) * 3600 + server::NumberValue(server::Mid(hhmmss, 3, 2)) * 60 +
            server::NumberValue(server::Right(hhmmss, 2));
+}
+
+double HoursMinutesSecondsToSeconds(std::u16string_view hours, std::u16string_view minutes,
+                                    std::u16string_view seconds) {
+    return HoursMinutesSecondsToSeconds(InlineText<6>(hours, minutes, seconds));
 }
 
 }  // namespace vintrel::cdr

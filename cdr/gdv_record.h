@@ -8,7 +8,9 @@
 #include <cstdint>
 #include <initializer_list>
 #include <optional>
+#include <string>
 #include <string_view>
+#include <type_traits>
 
 #include "server/platform.h"
 #include "server/text.h"
@@ -72,11 +74,10 @@ class InlineText {
     std::size_t size() const { return size_; }
     bool empty() const { return size_ == 0; }
 
-    void Clear() { size_ = 0; }
     /// Does nothing when the part does not fit.
     void Append(std::u16string_view part) {
         if (part.size() > Capacity - size_) return;
-        std::copy(part.begin(), part.end(), characters_.begin() + size_);
+        std::copy_n(part.data(), part.size(), characters_.data() + size_);
         size_ = static_cast<std::uint8_t>(size_ + part.size());
     }
     void Append(const server::Padded& part) {
@@ -84,36 +85,81 @@ class InlineText {
         part.CopyTo(characters_.data() + size_);
         size_ = static_cast<std::uint8_t>(size_ + part.size());
     }
+    void Replace(std::size_t positions, char16_t character, char16_t replacement) {
+        std::replace(characters_.begin(), characters_.begin() + std::min<std::size_t>(positions, size_), character,
+                     replacement);
+    }
 
  private:
     std::array<char16_t, Capacity> characters_{};
     std::uint8_t size_ = 0;
 };
 
-template <GdvField Field>
-using GdvSlot = InlineText<static_cast<std::size_t>(Field.length)>;
-
 /// A converted call, the reject marker, or empty.
 using GdvText = InlineText<kGdvRecordLength>;
 
+/// The place of one field in a record that is being filled.
+template <std::size_t Width>
+class Slot {
+ public:
+    explicit Slot(char16_t* place) : place_(place) {}
+    Slot(const Slot&) = delete;
+    Slot& operator=(const Slot&) = delete;
+
+    std::u16string_view View() const { return {place_, size_}; }
+    operator std::u16string_view() const { return View(); }  // NOLINT(google-explicit-constructor): it is a text
+    std::size_t size() const { return size_; }
+    bool Full() const { return size_ == Width; }
+
+    void Clear() { size_ = 0; }
+    /// The text must fit.
+    void Become(std::u16string_view text) {
+        if (text.size() == Width) {  // as almost always: one copy of known size
+            std::copy_n(text.data(), Width, place_);
+        } else {
+            std::copy_n(text.data(), text.size(), place_);
+        }
+        size_ = text.size();
+    }
+    void Become(const server::Padded& text) {
+        std::fill_n(place_, Width, text.character);
+        std::copy_n(text.text.data(), text.text.size(), place_ + (text.in_front ? text.count : 0));
+        size_ = text.size();
+    }
+
+ private:
+    char16_t* place_;
+    std::size_t size_ = 0;
+};
+
+template <GdvField Field>
+using GdvSlot = Slot<static_cast<std::size_t>(Field.length)>;
+
 /// What a converter fills. A slot that stays empty makes the record shorter, and the host rejects it by its length.
-struct GdvSlots {
-    GdvSlot<kLine> line;
-    GdvSlot<kUser> user;
-    GdvSlot<kNumber> number;
-    GdvSlot<kUserCode> user_code;
-    GdvSlot<kSpare> spare;
-    GdvSlot<kInfo> info;
-    GdvSlot<kType> type;
-    GdvSlot<kUnity> unity;
-    GdvSlot<kDurationS> duration;
-    GdvSlot<kDateD> day;
-    GdvSlot<kDateM> month;
-    GdvSlot<kDateY> year;
-    GdvSlot<kTimeH> hour;
-    GdvSlot<kTimeM> minute;
-    GdvSlot<kPTYNumber> pty_number;
-    GdvSlot<kMacAddress> mac_address;
+class GdvSlots {
+    std::array<char16_t, kGdvRecordLength> record_{};
+    char16_t* At(const GdvField& field) { return record_.data() + kGdvBody.start - 1 + field.start - 1; }
+
+ public:
+    GdvSlot<kLine> line{At(kLine)};
+    GdvSlot<kUser> user{At(kUser)};
+    GdvSlot<kNumber> number{At(kNumber)};
+    GdvSlot<kUserCode> user_code{At(kUserCode)};
+    GdvSlot<kSpare> spare{At(kSpare)};
+    GdvSlot<kInfo> info{At(kInfo)};
+    GdvSlot<kType> type{At(kType)};
+    GdvSlot<kUnity> unity{At(kUnity)};
+    GdvSlot<kDurationS> duration{At(kDurationS)};
+    GdvSlot<kDateD> day{At(kDateD)};
+    GdvSlot<kDateM> month{At(kDateM)};
+    GdvSlot<kDateY> year{At(kDateY)};
+    GdvSlot<kTimeH> hour{At(kTimeH)};
+    GdvSlot<kTimeM> minute{At(kTimeM)};
+    GdvSlot<kPTYNumber> pty_number{At(kPTYNumber)};
+    GdvSlot<kMacAddress> mac_address{At(kMacAddress)};
+
+    /// STX, the slots, ETX.
+    GdvText Assemble();
 };
 
 /// What a converter made of a record.
@@ -123,7 +169,7 @@ enum class Outcome : std::uint8_t {
 };
 
 /// The record of a call, or the reject marker (DLE).
-GdvText Assemble(Outcome outcome, const GdvSlots& slots);
+GdvText Assemble(Outcome outcome, GdvSlots& slots);
 
 // Texts of slots that an exchange does not report.
 inline constexpr std::u16string_view kNoUserCode = u"0000";
@@ -140,23 +186,19 @@ inline constexpr std::u16string_view kTypeNotAnswered = u"7";
 
 /// The slot becomes the value. A value that does not fit leaves the slot as it was.
 template <std::size_t Width>
-void Assign(InlineText<Width>& slot, std::u16string_view value) {
-    if (value.size() > Width) return;
-    slot.Clear();
-    slot.Append(value);
+void Assign(Slot<Width>& slot, std::u16string_view value) {
+    if (value.size() <= Width) slot.Become(value);
 }
 
 /// The same with a padded value; nothing, a failed step, leaves the slot as it was.
 template <std::size_t Width>
-void Assign(InlineText<Width>& slot, const std::optional<server::Padded>& value) {
-    if (!value || value->size() > Width) return;
-    slot.Clear();
-    slot.Append(*value);
+void Assign(Slot<Width>& slot, const std::optional<server::Padded>& value) {
+    if (value && value->size() <= Width) slot.Become(*value);
 }
 
 /// The number as a decimal string, zero-padded to the slot's width.
 template <std::size_t Width>
-void AssignNumber(InlineText<Width>& slot, double value) {
+void AssignNumber(Slot<Width>& slot, double value) {
     static_assert(Width == 4 || Width == 5);
     constexpr int kBeyond = Width == 4 ? 10'000 : 100'000;
     if (!(value >= 0 && value < kBeyond && static_cast<int>(value) == value)) {
@@ -181,17 +223,16 @@ void AssignDateTime(GdvSlots& slots, const server::DateTime& date_time);
 
 /// The seconds of a text "hhmmss": its first two, third and fourth, and last two characters, each by its number value.
 double HoursMinutesSecondsToSeconds(std::u16string_view hhmmss);
+/// The same of its three parts, which are joined first.
+double HoursMinutesSecondsToSeconds(std::u16string_view hours, std::u16string_view minutes,
+                                    std::u16string_view seconds);
 
 /// Replaces a character in the first positions of the text, as many as the trimmed text has: the end of a text with
 /// blanks in front is not visited.
 template <std::size_t Capacity>
 InlineText<Capacity> ReplaceCharacter(std::u16string_view text, char16_t character, char16_t replacement) {
-    const std::size_t visited = server::Trim(text).size();
-    InlineText<Capacity> result;
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        const char16_t kept = i < visited && text[i] == character ? replacement : text[i];
-        result.Append(std::u16string_view(&kept, 1));
-    }
+    InlineText<Capacity> result(text);
+    result.Replace(server::Trim(text).size(), character, replacement);
     return result;
 }
 

@@ -73,8 +73,7 @@ std::u16string_view UpToAt(std::u16string_view address) { return address.substr(
 double LastThreeDigits(std::u16string_view device) { return NumberValue(Right(device, 3)); }
 
 double SecondsConnected(const Leg& leg) {
-    const InlineText<6> hhmmss(Mid(leg.connected, 1, 2), Mid(leg.connected, 4, 2), Mid(leg.connected, 7, 2));
-    return HoursMinutesSecondsToSeconds(hhmmss);
+    return HoursMinutesSecondsToSeconds(Mid(leg.connected, 1, 2), Mid(leg.connected, 4, 2), Mid(leg.connected, 7, 2));
 }
 
 std::optional<server::DateTime> StartOf(const Leg& leg) {

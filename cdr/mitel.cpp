@@ -26,15 +26,14 @@ std::u16string_view TypeOf(std::u16string_view code) {
 }  // namespace
 
 Outcome ConvertMitel(std::u16string_view record, GdvSlots& slots) {
-    const InlineText<6> duration(Mid(record, 34, 2), Mid(record, 37, 2), Mid(record, 40, 2));
-
     Assign(slots.line, Mid(record, 43, 5));
     Assign(slots.user, Mid(record, 2, 5));
     Assign(slots.number, Mid(record, 67, 16));
     AssignUserCode(slots, Mid(record, 8, 4));
     Assign(slots.type, TypeOf(Trim(Mid(record, 18, 2))));
     Assign(slots.unity, ZeroPad(Trim(Mid(record, 62, 4)), 4));
-    AssignNumber(slots.duration, HoursMinutesSecondsToSeconds(duration));
+    AssignNumber(slots.duration,
+                 HoursMinutesSecondsToSeconds(Mid(record, 34, 2), Mid(record, 37, 2), Mid(record, 40, 2)));
     Assign(slots.day, Mid(record, 25, 2));
     Assign(slots.month, Mid(record, 23, 2));
     Assign(slots.year, Mid(record, 21, 2));

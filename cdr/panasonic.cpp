@@ -4,7 +4,6 @@ namespace vintrel::cdr {
 namespace {
 
 using server::BlankPad;
-using server::Contains;
 using server::Left;
 using server::Mid;
 using server::NumberValue;
@@ -16,43 +15,61 @@ constexpr std::u16string_view kIncomingMark = u"<I>";
 constexpr std::u16string_view kDivertedMark = u"<D>";
 constexpr std::u16string_view kCurrency = u"EUR";
 
-bool IsCall(std::u16string_view line) {
-    return !Contains(line, u"CD  \r\n") && !Contains(line, u"----\r\n") && !UpperContains(line, u"TIMED REMINDER") &&
-           !UpperContains(line, u"CHECK IN") && !UpperContains(line, u"CHECK OUT") &&
-           !UpperContains(line, u"CLEANED UP");
+/// What the last columns before an end of line say.
+struct Endings {
+    bool heading = false;  ///< of a page: the column titles or the ruler
+    bool transferred = false;
+    bool not_answered = false;
+};
+
+Endings EndingsOf(std::u16string_view line) {
+    Endings endings;
+    std::size_t end = 0;
+    while ((end = server::Find(line, u"\r\n", end)) != std::u16string_view::npos) {
+        const std::u16string_view code = end < 4 ? u"" : line.substr(end - 4, 4);
+        endings.heading = endings.heading || code == u"CD  " || code == u"----";
+        endings.transferred = endings.transferred || code == u"TR  ";
+        endings.not_answered = endings.not_answered || code == u"NA  ";
+        end += 2;
+    }
+    return endings;
+}
+
+bool IsHotelEvent(std::u16string_view line) {
+    return UpperContains(line, u"TIMED REMINDER") || UpperContains(line, u"CHECK IN") ||
+           UpperContains(line, u"CHECK OUT") || UpperContains(line, u"CLEANED UP");
 }
 
 /// Hours, minutes and seconds around the first ":" behind the dialled number, printed hh:mm'ss. Without one they are
 /// read from the beginning of the line, which has no hours before it.
 double DurationOf(std::u16string_view line) {
     constexpr std::size_t kBehindTheNumber = 30;
-    const std::size_t found = line.find(u':', kBehindTheNumber - 1);
+    const std::size_t found = server::Find(line, u":", kBehindTheNumber - 1);
     const auto colon = found == std::u16string_view::npos ? 0 : static_cast<std::ptrdiff_t>(found) + 1;
-    const InlineText<6> hhmmss(Mid(line, colon - 2, 2), Mid(line, colon + 1, 2), Mid(line, colon + 4, 2));
-    return HoursMinutesSecondsToSeconds(hhmmss);
+    return HoursMinutesSecondsToSeconds(Mid(line, colon - 2, 2), Mid(line, colon + 1, 2), Mid(line, colon + 4, 2));
 }
 
 /// The whole amount behind the currency; without one, the five characters at position 3.
 double UnitsOf(std::u16string_view line) {
-    const std::size_t found = line.find(kCurrency);
+    const std::size_t found = server::Find(line, kCurrency);
     const auto currency = found == std::u16string_view::npos ? 0 : static_cast<std::ptrdiff_t>(found) + 1;
     return NumberValue(Mid(line, currency + 3, 5));
 }
 
-void AssignOutgoing(std::u16string_view line, bool transferred, GdvSlots& slots) {
-    InlineText<16> number;
-    for (const char16_t& character : Mid(line, 29, 16))
-        number.Append(character == u'-' ? u" " : std::u16string_view(&character, 1));
-    Assign(slots.type, transferred ? kTypeOutgoingContinued : kTypeOutgoing);
+void AssignOutgoing(std::u16string_view line, const Endings& endings, GdvSlots& slots) {
+    InlineText<16> number(Mid(line, 29, 16));
+    number.Replace(number.size(), u'-', u' ');
+    Assign(slots.type, endings.transferred ? kTypeOutgoingContinued : kTypeOutgoing);
     Assign(slots.number, BlankPad(number, 16));
     Assign(slots.pty_number, kNoPtyNumber);
 }
 
-void AssignIncoming(std::u16string_view line, std::size_t mark, bool transferred, GdvSlots& slots) {
-    const bool not_answered = Contains(line, u"NA  \r\n");
-    Assign(slots.type, not_answered ? kTypeNotAnswered : transferred ? kTypeIncomingContinued : kTypeIncoming);
+void AssignIncoming(std::u16string_view line, std::size_t mark, const Endings& endings, GdvSlots& slots) {
+    Assign(slots.type, endings.not_answered  ? kTypeNotAnswered
+                       : endings.transferred ? kTypeIncomingContinued
+                                             : kTypeIncoming);
     Assign(slots.number, line.substr(mark + kIncomingMark.size()).substr(0, 16));
-    const std::size_t diverted = line.find(kDivertedMark);
+    const std::size_t diverted = server::Find(line, kDivertedMark);
     if (diverted == std::u16string_view::npos) {
         Assign(slots.pty_number, kNoPtyNumber);
     } else if (const std::size_t from = diverted + kDivertedMark.size(); from <= mark) {
@@ -63,7 +80,8 @@ void AssignIncoming(std::u16string_view line, std::size_t mark, bool transferred
 }  // namespace
 
 Outcome ConvertPanasonic(std::u16string_view line, GdvSlots& slots) {
-    if (!IsCall(line)) return Outcome::Rejected;
+    const Endings endings = EndingsOf(line);
+    if (endings.heading || IsHotelEvent(line)) return Outcome::Rejected;
 
     AssignUnreported(slots);
     Assign(slots.line, ZeroPad(Trim(Mid(line, 24, 4)), 5));
@@ -77,12 +95,11 @@ Outcome ConvertPanasonic(std::u16string_view line, GdvSlots& slots) {
     Assign(slots.hour, Mid(line, 10, 2));
     Assign(slots.minute, Mid(line, 13, 2));
 
-    const bool transferred = Contains(line, u"TR  \r\n");
-    const std::size_t incoming = line.find(kIncomingMark);
+    const std::size_t incoming = server::Find(line, kIncomingMark);
     if (incoming == std::u16string_view::npos)
-        AssignOutgoing(line, transferred, slots);
+        AssignOutgoing(line, endings, slots);
     else
-        AssignIncoming(line, incoming, transferred, slots);
+        AssignIncoming(line, incoming, endings, slots);
     return Outcome::Call;
 }
 

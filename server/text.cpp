@@ -12,6 +12,8 @@ namespace vintrel::server {
 namespace {
 
 constexpr std::u16string_view kZeros = u"0000000000";
+constexpr char16_t kSmallYDiaeresis = 0x00FF;
+constexpr char16_t kCapitalYDiaeresis = 0x0178;
 
 bool IsIgnoredInNumbers(char16_t character) { return character == kBlank || character == kTab || character == kLf; }
 
@@ -93,6 +95,21 @@ double ReadDecimal(NumberReader& reader) {
     return std::isfinite(value) ? value : 0;
 }
 
+/// What nearly every number of a record is: digits, blanks among them. Nothing for any other text, and for one
+/// too large for the quick way.
+std::optional<double> PlainNumber(std::u16string_view text) {
+    constexpr std::int32_t kRoomForADigit = 100'000'000;
+    std::int32_t value = 0;
+    for (const char16_t character : text) {
+        if (IsDigit(character) && value < kRoomForADigit) {
+            value = value * 10 + (character - u'0');
+        } else if (!IsIgnoredInNumbers(character)) {
+            return std::nullopt;
+        }
+    }
+    return static_cast<double>(value);
+}
+
 std::u16string IntegerText(double magnitude) {
     std::array<char16_t, 24> digits{};
     auto first = digits.end();
@@ -119,11 +136,6 @@ std::u16string Padded::str() const {
     return result;
 }
 
-std::u16string_view Mid(std::u16string_view text, std::ptrdiff_t start, std::ptrdiff_t count) {
-    if (start < 1 || count < 1 || static_cast<std::size_t>(start) > text.size()) return {};
-    return text.substr(static_cast<std::size_t>(start) - 1, static_cast<std::size_t>(count));
-}
-
 std::u16string_view Mid(std::u16string_view text, std::ptrdiff_t start) {
     return Mid(text, start, std::numeric_limits<std::ptrdiff_t>::max());
 }
@@ -136,16 +148,8 @@ std::u16string_view Right(std::u16string_view text, std::ptrdiff_t count) {
     return text.substr(text.size() - kept);
 }
 
-std::u16string_view Trim(std::u16string_view text) {
-    const std::size_t first = text.find_first_not_of(kBlank);
-    if (first == std::u16string_view::npos) return {};
-    return text.substr(first, text.find_last_not_of(kBlank) - first + 1);
-}
-
 char16_t Upper(char16_t character) {
     constexpr char16_t kMultiplication = 0x00D7;
-    constexpr char16_t kSmallYDiaeresis = 0x00FF;
-    constexpr char16_t kCapitalYDiaeresis = 0x0178;
     if (character >= u'a' && character <= u'z') return static_cast<char16_t>(character - 32);
     if (character < 0x00E0 || character > kSmallYDiaeresis) return character;
     if (character == kSmallYDiaeresis) return kCapitalYDiaeresis;
@@ -171,9 +175,15 @@ std::u16string Lower(std::u16string_view text) {
 }
 
 bool UpperContains(std::u16string_view text, std::u16string_view word) {
-    return std::search(text.begin(), text.end(), word.begin(), word.end(),
-                       [](char16_t a, char16_t b) { return Upper(a) == b; }) != text.end() ||
-           word.empty();
+    if (word.empty()) return true;
+    const char16_t first = word.front();
+    const char16_t* at = text.data();
+    const char16_t* const end = at + text.size();
+    // Every other character has no more than these two cases.
+    const char16_t other_case = first == kCapitalYDiaeresis ? kSmallYDiaeresis : Lower(first);
+    for (; (at = FindEither(at, end, first, other_case)) != end; ++at)
+        if (UpperBegins(std::u16string_view(at, end), word)) return true;
+    return false;
 }
 
 bool UpperEquals(std::u16string_view text, std::u16string_view word) {
@@ -185,20 +195,24 @@ bool UpperBegins(std::u16string_view text, std::u16string_view word) {
     return UpperEquals(text.substr(0, word.size()), word);
 }
 
-bool Contains(std::u16string_view text, std::u16string_view part) {
-    if (part.empty()) return true;
-    const char16_t* at = text.data();
-    const char16_t* const end = at + text.size();
+std::size_t Find(std::u16string_view text, std::u16string_view part, std::size_t from) {
+    if (part.empty() || from > text.size())
+        return part.empty() && from <= text.size() ? from : std::u16string_view::npos;
+    const char16_t* at = text.data() + from;
+    const char16_t* const end = text.data() + text.size();
     for (; (at = FindCharacter(at, end, part.front())) != end; ++at)
-        if (std::u16string_view(at, end).starts_with(part)) return true;
-    return false;
+        if (std::u16string_view(at, end).starts_with(part)) return static_cast<std::size_t>(at - text.data());
+    return std::u16string_view::npos;
 }
 
-bool IsDigit(char16_t character) { return character >= u'0' && character <= u'9'; }
+bool Contains(std::u16string_view text, std::u16string_view part) {
+    return Find(text, part) != std::u16string_view::npos;
+}
 
 bool IsDigits(std::u16string_view text) { return !text.empty() && std::all_of(text.begin(), text.end(), IsDigit); }
 
 double NumberValue(std::u16string_view text) {
+    if (const auto plain = PlainNumber(text)) return *plain;
     NumberReader reader(text);
     if (reader.Accept(u'&')) {
         const char16_t base = Upper(reader.Peek());
@@ -342,10 +356,10 @@ std::u16string_view GetTextBetween(std::u16string_view text, std::u16string_view
 
 std::optional<std::u16string_view> GetPipeValue(std::u16string_view& record, std::u16string_view key) {
     record = Trim(record);
-    const std::size_t found = record.find(key);
+    const std::size_t found = Find(record, key);
     if (found == std::u16string_view::npos || record.empty()) return std::u16string_view{};
     const std::size_t from = found + key.size();
-    const std::size_t end = record.find(u'|', from);
+    const std::size_t end = Find(record, u"|", from);
     if (end == std::u16string_view::npos) return std::nullopt;
     return record.substr(from, end - from);
 }

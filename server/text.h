@@ -52,13 +52,20 @@ struct Padded {
 
 /// At most `count` characters from position `start`; shorter where the text ends. A position before the text or a
 /// negative count, which a classic Automation host reports as a fault, gives "".
-std::u16string_view Mid(std::u16string_view text, std::ptrdiff_t start, std::ptrdiff_t count);
+inline std::u16string_view Mid(std::u16string_view text, std::ptrdiff_t start, std::ptrdiff_t count) {
+    if (start < 1 || count < 1 || static_cast<std::size_t>(start) > text.size()) return {};
+    return text.substr(static_cast<std::size_t>(start) - 1, static_cast<std::size_t>(count));
+}
 /// Everything from position `start`.
 std::u16string_view Mid(std::u16string_view text, std::ptrdiff_t start);
 std::u16string_view Left(std::u16string_view text, std::ptrdiff_t count);
 std::u16string_view Right(std::u16string_view text, std::ptrdiff_t count);
 /// Without the blanks (U+0020 only) at both ends.
-std::u16string_view Trim(std::u16string_view text);
+inline std::u16string_view Trim(std::u16string_view text) {
+    while (!text.empty() && text.front() == u' ') text.remove_prefix(1);
+    while (!text.empty() && text.back() == u' ') text.remove_suffix(1);
+    return text;
+}
 
 /// Upper case of ASCII and Latin-1 letters; every other character stays.
 char16_t Upper(char16_t character);
@@ -71,8 +78,10 @@ bool UpperContains(std::u16string_view text, std::u16string_view word);
 bool UpperEquals(std::u16string_view text, std::u16string_view word);
 /// Whether the upper-cased text begins with the (already upper-case) word.
 bool UpperBegins(std::u16string_view text, std::u16string_view word);
+/// Where the part stands at or after `from`, counted from 0 as std::u16string_view does; npos when it does not.
+std::size_t Find(std::u16string_view text, std::u16string_view part, std::size_t from = 0);
 bool Contains(std::u16string_view text, std::u16string_view part);
-bool IsDigit(char16_t character);
+constexpr bool IsDigit(char16_t character) { return character >= u'0' && character <= u'9'; }
 /// One or more digits and nothing else.
 bool IsDigits(std::u16string_view text);
 

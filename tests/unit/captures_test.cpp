@@ -5,6 +5,7 @@
 #include <map>
 #include <vector>
 
+#include "allocations.h"
 #include "call_records.h"
 
 namespace vintrel::cdr {
@@ -68,6 +69,26 @@ TEST(Captures, TheProjectsSamplesConvert) {
     for (const Capture& capture : captures) {
         const auto records = Records(std::filesystem::path(VINTREL_SOURCE_DIR) / "samples" / capture.file, capture.end);
         EXPECT_EQ(Convert(capture.type, records), capture.totals) << "row in line " << capture.line;
+    }
+}
+
+TEST(Captures, AConversionTakesNothingFromTheHeap) {
+    const std::pair<const char16_t*, const char*> captures[] = {{u"TYPE10004", "mitel_pc4.txt"},
+                                                                {u"TYPE10009", "alcatel_oxo.txt"},
+                                                                {u"TYPE10003", "avaya_integral2.txt"},
+                                                                {u"TYPE10001", "avaya_integral.txt"},
+                                                                {u"TYPE10019", "panasonic.txt"}};
+    const testing::FakeClock clock;
+    testing::FakeMessage message;
+    for (const auto& [type, file] : captures) {
+        CallRecordState state;
+        const server::Settings settings;
+        for (const auto& text : Records(std::filesystem::path(VINTREL_SOURCE_DIR) / "samples" / file, u"\r\n")) {
+            server::InOutText record(text);
+            const std::size_t before = testing::Allocations();
+            GetComConvertStringRX(type, record, state, settings, clock, message);
+            EXPECT_EQ(testing::Allocations(), before) << file;
+        }
     }
 }
 

@@ -74,6 +74,25 @@ TEST(Text, NumberValueReadsTheLeadingNumber) {
     for (const auto& row : rows) EXPECT_EQ(NumberValue(row.text), row.value) << Shown(row.text);
 }
 
+TEST(Text, NumbersOfManyDigitsKeepTheirSize) {
+    EXPECT_EQ(NumberValue(u"999999999"), 999999999.0);
+    EXPECT_EQ(NumberValue(u"1234567890"), 1234567890.0);
+    EXPECT_EQ(NumberValue(u"00000000000000000012"), 12.0);
+    EXPECT_EQ(NumberValue(u"123456789012345"), 123456789012345.0);
+}
+
+TEST(Text, SearchingFindsWhatStandsInEitherCase) {
+    const std::u16string line = u"04/03/24 08:02 Cl checked cHeCk ouT \u00FFes";
+    EXPECT_TRUE(UpperContains(line, u"CHECK OUT"));
+    EXPECT_FALSE(UpperContains(line, u"CHECK IN"));
+    EXPECT_TRUE(UpperContains(line, u"\u0178ES"));
+    EXPECT_EQ(Find(line, u":"), 11U);
+    EXPECT_EQ(Find(line, u":", 12), std::u16string_view::npos);
+    EXPECT_EQ(Find(line, u"ch", 3), 18U);
+    EXPECT_EQ(Find(line, u":", 1000), std::u16string_view::npos);
+    EXPECT_EQ(Find(u"", u":"), std::u16string_view::npos);
+}
+
 TEST(Text, NumericTest) {
     for (const auto* text : {u"0", u" 12 ", u"-1", u"+1.5", u"1,5", u".5", u"5.", u"1e5", u"1D+2", u"&H1F"})
         EXPECT_TRUE(IsNumeric(text)) << Shown(text);
