@@ -119,7 +119,8 @@ Event WakeUpSettingEvent(std::u16string_view normal) {
     if (mode.empty()) return {};
     const std::string time = Part(normal, kAfterRoom + 1, 4);
     const std::string date = Part(normal, kAfterRoom + 5, 4);
-    std::string detail(mode == "2" ? "cleared" : "set");
+    if (mode == "2") return {"wakeup-set", RoomOf(Part(normal, kRoomStart, kRoomLength)), "cleared"};
+    std::string detail("set");
     if (time.size() == 4 && time != "XXXX") detail.append(" ").append(time, 0, 2).append(":").append(time, 2);
     if (Trimmed(date).size() == 4 && date != "----")
         detail.append(" on ").append(date, 0, 2).append(".").append(date, 2).append(".");

@@ -17,6 +17,8 @@ struct Moment {
 };
 Moment Now();
 
+inline constexpr const char* kHalfFrame = "half frame";
+
 struct Event {
     std::string name;    ///< call, transfer, room, alarm, wakeup, wakeup-set, connected, lost, silent, ...
     std::string room;    ///< digits; "" where the event has none

@@ -12,8 +12,10 @@ constexpr std::uint64_t kLoginPatience = 2000;
 constexpr std::uint64_t kAcknowledgementPatience = 2000;
 constexpr std::uint64_t kOrderPatience = 30'000;
 constexpr double kSecond = 1000;
-/// Nothing in it is a frame, a login or an acknowledgement of any model.
+/// Nothing in it is a frame, a login or an acknowledgement of any model; where lines are frames it is a line.
 constexpr std::string_view kNoise = "\x1B\x7F#~ noise ~#\x1B";
+/// Hosts give a half frame up when nothing follows for some seconds.
+constexpr std::uint64_t kAfterHalf = 5000;
 
 /// Hosts send orders between start and end characters, or as lines that end with a carriage return.
 Framing HostFraming(const LinkAnswers& answers) {
@@ -144,7 +146,8 @@ std::string Exchange::BytesOf(const Step& step) {
         case Step::Kind::CheckIn: return records_.Guest(step.room, true, step.text, time);
         case Step::Kind::CheckOut: return records_.Guest(step.room, false, "", time);
         case Step::Kind::Send: return FromReadable(step.text);
-        case Step::Kind::Garbage: return std::string(kNoise);
+        case Step::Kind::Garbage:
+            return std::string(kNoise) + (answers_.framing.start.empty() ? answers_.framing.end : "");
         case Step::Kind::Half: {
             const std::string whole = records_.Call({true, 201, "0041448001122", 60, 4, 1}, time);
             return whole.substr(0, whole.size() / 2);
@@ -169,6 +172,7 @@ void Exchange::Play(const Step& step, std::uint64_t now) {
         outside_.disconnect();
     } else if (step.kind == Step::Kind::Half || step.kind == Step::Kind::Garbage) {
         outside_.send(bytes);
+        if (step.kind == Step::Kind::Half) due_ = now + kAfterHalf;
     } else if (bytes.empty()) {
         due_ = now;  // this model cannot say it
     } else {

@@ -32,11 +32,11 @@ ExchangeRecords::Family ExchangeRecords::FamilyOf(std::string_view code) {
     };
     // All other codes are Mitel exchanges without hotel frames.
     static constexpr Row kRows[] = {
-        {"TYPE10001", Family::Integral},    {"TYPE10002", Family::Integral},    {"TYPE10007", Family::Integral},
-        {"TYPE10003", Family::Integral2},   {"TYPE10006", Family::MitelHotel},  {"TYPE10008", Family::MitelHotel},
-        {"TYPE10014", Family::MitelHotel},  {"TYPE10016", Family::MitelHotel},  {"TYPE10009", Family::Alcatel},
-        {"TYPE10010", Family::Algoral},     {"TYPE10012", Family::Innovaphone}, {"TYPE10013", Family::Wildix},
-        {"TYPE10017", Family::IpOffice},    {"TYPE10018", Family::Panasonic},   {"TYPE10019", Family::Panasonic},
+        {"TYPE10001", Family::Integral},    {"TYPE10002", Family::Integral},       {"TYPE10007", Family::Integral},
+        {"TYPE10003", Family::Integral2},   {"TYPE10006", Family::MitelHotel},     {"TYPE10008", Family::MitelHotel},
+        {"TYPE10014", Family::MitelHotel},  {"TYPE10016", Family::MitelHotel},     {"TYPE10009", Family::Alcatel},
+        {"TYPE10010", Family::Algoral},     {"TYPE10012", Family::Innovaphone},    {"TYPE10013", Family::Wildix},
+        {"TYPE10017", Family::IpOffice},    {"TYPE10018", Family::PanasonicCalls}, {"TYPE10019", Family::Panasonic},
         {"TYPE10020", Family::Grandstream}, {"TYPE12000", Family::Fias},
     };
     for (const Row& row : kRows)
@@ -60,6 +60,7 @@ std::string ExchangeRecords::Call(const SampleCall& sample, const CivilTime& tim
         case Family::Wildix: return WildixCall(call, time, serial_);
         case Family::IpOffice: return IpOfficeLine(call, time, "", serial_);
         case Family::Panasonic:
+        case Family::PanasonicCalls:
             return PanasonicLine(call.room, (call.outgoing ? "" : "<I>") + call.number, time, &call);
         case Family::Grandstream: return GrandstreamRecord(call, time, serial_);
         case Family::Fias: break;
@@ -110,6 +111,7 @@ std::string ExchangeRecords::Room(unsigned room, RoomReport report, const CivilT
         case Family::Mitel:
         case Family::Alcatel:
         case Family::Algoral:
+        case Family::PanasonicCalls:
         case Family::Innovaphone:  // its rooms dial numbers that the configuration names
         case Family::Wildix: break;
     }
@@ -147,6 +149,7 @@ std::string ExchangeRecords::WakeUpResult(unsigned room, bool answered, const Ci
         case Family::Alcatel:
         case Family::Algoral:
         case Family::Wildix:
+        case Family::PanasonicCalls:
         case Family::IpOffice: break;
     }
     return {};

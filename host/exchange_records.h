@@ -53,6 +53,7 @@ class ExchangeRecords {
         Wildix,
         IpOffice,
         Panasonic,
+        PanasonicCalls,  ///< the serial link, on which the server recognises no hotel events
         Grandstream,
         Fias
     };

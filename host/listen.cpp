@@ -114,9 +114,9 @@ class Listening {
                 connected_ = true;
                 return session_.Connected(moment);
             case WireNews::Kind::Received:
-                log_.In(moment, news.text);
                 if (silent_told_) Note(moment, {"heard again", "", ""});
                 silent_told_ = false;
+                log_.In(moment, news.text);
                 return session_.Received(moment, news.text);
             case WireNews::Kind::Lost:
                 connected_ = false;
@@ -140,6 +140,7 @@ class Listening {
         if (line.kind == LogLine::Kind::In) return session_.Received(line.moment, line.bytes);
         if (line.kind == LogLine::Kind::Out) return;
         if (line.event.name == "lost") session_.Disconnected(line.moment);
+        if (line.event.name == kHalfFrame) session_.DropHalfFrame();
         events_.Write(line.moment, line.event);
         if (line.event.name == "connected") session_.Connected(line.moment);
     }

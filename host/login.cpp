@@ -22,6 +22,7 @@ Login::Login(const LinkAnswers& answers, std::string user, std::string password)
 std::string Login::Begin() {
     confirmed_ = false;
     dialogue_ = false;
+    echoes_ = 0;
     return answers_.login_request;
 }
 
@@ -45,19 +46,22 @@ std::optional<Login::Reply> Login::HearPrompt(std::string_view bytes) {
     };
     if (Asks(bytes, answers_.password_prompt)) {
         dialogue_ = true;
+        echoes_ = 0;
         return Reply{bytes.size(), typed(password_, answers_.password_answer), true};
     }
     if (Asks(bytes, answers_.user_prompt)) {
         dialogue_ = true;
+        echoes_ = 1;
         return Reply{bytes.size(), typed(user_, answers_.user_answer), false};
     }
     return std::nullopt;
 }
 
-bool Login::IsEcho(std::string_view frame) const {
+bool Login::IsEcho(std::string_view frame) {
     if (!dialogue_) return false;
     while (!frame.empty() && (frame.back() == '\r' || frame.back() == '\n')) frame.remove_suffix(1);
-    return frame.find_first_not_of('*') == std::string_view::npos || frame == user_;
+    if (frame.find_first_not_of('*') == std::string_view::npos) return true;
+    return std::exchange(echoes_, 0) > 0;
 }
 
 }  // namespace vintrel::host

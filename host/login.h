@@ -26,8 +26,8 @@ class Login {
     /// Bytes between frames, or of a frame that has not ended. Nothing when they are no part of the dialogue.
     std::optional<Reply> Hear(std::string_view bytes);
 
-    /// Whether a line is the echo of the dialogue: the prompt with what was typed, or the stars of the password.
-    bool IsEcho(std::string_view frame) const;
+    /// Whether a line is the echo of the dialogue: what was typed as the name, or the stars of the password.
+    bool IsEcho(std::string_view frame);
 
  private:
     std::optional<Reply> HearPrompt(std::string_view bytes);
@@ -37,6 +37,7 @@ class Login {
     std::string password_;
     bool confirmed_ = false;  ///< by the exchange's single-string confirmation
     bool dialogue_ = false;   ///< a prompt has been answered on this connection
+    unsigned echoes_ = 0;     ///< lines that may still be the echo of the name
 };
 
 }  // namespace vintrel::host

@@ -16,12 +16,7 @@ namespace {
 
 /// Adding a command is a line here and one in commands.h.
 constexpr const Command* kCommands[] = {
-    &kModelsCommand,
-    &kLinkCommand,
-    &kConvertCommand,
-    &kListenCommand,
-    &kClassifyCommand,
-    &kSimulateCommand,
+    &kModelsCommand, &kLinkCommand, &kConvertCommand, &kListenCommand, &kClassifyCommand, &kSimulateCommand,
 };
 
 constexpr std::string_view kHead =

@@ -15,6 +15,8 @@ constexpr std::uint64_t kLoginPatience = 5000;
 constexpr std::uint64_t kAliveInterval = 60'000;
 /// A sign of life that comes this soon after ours is the answer to it.
 constexpr std::uint64_t kAliveEcho = 5000;
+/// A peer that stops in the middle of a frame for so long will not end it: what comes then is a new frame.
+constexpr std::uint64_t kHalfFramePatience = 3000;
 
 }  // namespace
 
@@ -46,12 +48,19 @@ void Session::Disconnected(const Moment& moment) {
     moment_ = moment;
     connected_ = false;
     sender_.Disconnected();
-    if (!cutter_.Rest().empty()) Tell({"half frame", "", Readable(cutter_.Rest())});
+    if (const std::string half = DropHalfFrame(); !half.empty()) Tell({kHalfFrame, "", Readable(half)});
+}
+
+std::string Session::DropHalfFrame() {
+    std::string half(cutter_.Rest());
     cutter_ = FrameCutter(answers_.framing);
+    // A start character alone is the check character of the frame before.
+    return half == answers_.framing.start ? std::string() : half;
 }
 
 void Session::Received(const Moment& moment, std::string_view bytes) {
     moment_ = moment;
+    received_at_ = moment.milliseconds;
     cutter_.Push(bytes);
     while (const auto piece = cutter_.Next()) TakePiece(*piece);
     // A prompt has no end; what follows a Telnet negotiation may be complete again.
@@ -70,7 +79,7 @@ void Session::TakePiece(const FrameCutter::Piece& piece) {
     switch (piece.kind) {
         case FrameCutter::Kind::Frame: return TakeFrame(piece.bytes);
         case FrameCutter::Kind::Loose: return TakeLoose(piece.bytes);
-        case FrameCutter::Kind::Broken: return Tell({"half frame", "", Readable(piece.bytes)});
+        case FrameCutter::Kind::Broken: return Tell({kHalfFrame, "", Readable(piece.bytes)});
         case FrameCutter::Kind::Overlong: return Tell({"no end", "", Readable(piece.bytes.substr(0, 80)) + " ..."});
     }
 }
@@ -210,6 +219,9 @@ void Session::Tick(const Moment& moment) {
         const std::string lost = sender_.Tick(moment.milliseconds);
         if (!lost.empty()) outside_.note(moment, {"no answer", "", Readable(lost)});
     }
+    if (!cutter_.Rest().empty() && moment.milliseconds - received_at_ >= kHalfFramePatience)
+        if (const std::string half = DropHalfFrame(); !half.empty())
+            outside_.note(moment, {kHalfFrame, "", Readable(half)});
     if (answers_.fias && moment.milliseconds - alive_at_ >= kAliveInterval) SendFias(&_PMSEvents::GetPMS_LA_String);
 }
 

@@ -41,6 +41,8 @@ class Session {
     void Disconnected(const Moment& moment);
     /// To be called often: pacing, the login's patience, the link's sign of life.
     void Tick(const Moment& moment);
+    /// What has come of a frame is given up. @return the bytes, "" for none
+    std::string DropHalfFrame();
     /// The host ends the link: what it says before.
     void SayGoodbye();
 
@@ -78,8 +80,8 @@ class Session {
     Moment moment_;
     bool connected_ = false;
     bool logged_in_ = false;
-    bool answered_alive_ = false;  ///< the last sign of life of the far end has been answered
     std::uint64_t connected_at_ = 0;
+    std::uint64_t received_at_ = 0;
     std::uint64_t alive_at_ = 0;  ///< when the host last sent a sign of life
     unsigned damaged_ = 0;        ///< records in a row that were asked for again
 };
