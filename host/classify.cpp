@@ -101,6 +101,7 @@ class Classification {
         if (broken_ > 0) text += ", " + std::to_string(broken_) + " of them incomplete";
         return text;
     }
+    bool Empty() const { return frames_ == 0; }
     bool Complete() const { return broken_ == 0; }
 
  private:
@@ -170,7 +171,8 @@ ExitCode Run(const Options& options) {
     const Model model(server, code);
     Initialize(server, model, options.Get("--settings"));
 
-    FrameCutter cutter(FramingOf(server, model));
+    const Framing framing = FramingOf(server, model);
+    FrameCutter cutter(framing);
     Output output = StandardOutput();
     Classification classification(server, model, format, output);
     for (std::string_view bytes = input.Read(); !bytes.empty(); bytes = input.Read()) {
@@ -180,6 +182,10 @@ ExitCode Run(const Options& options) {
     classification.Leave(cutter.Rest());
     output.Flush();
     WriteError(classification.Summary());
+    if (classification.Empty())
+        WriteError("On this link a frame begins with " +
+                   (framing.start.empty() ? "anything" : Readable(framing.start)) + " and ends with " +
+                   Readable(framing.end));
     return classification.Complete() ? ExitCode::Ok : ExitCode::Failed;
 }
 

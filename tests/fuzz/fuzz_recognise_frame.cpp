@@ -11,7 +11,6 @@
 #include "rx/set_clock.h"
 #include "rx/wake_up_events.h"
 #include "server/catalogue.h"
-#include "server/control_characters.h"
 #include "server/operation_error.h"
 #include "tests/unit/fakes.h"
 
@@ -19,67 +18,47 @@ namespace {
 
 using namespace vintrel;  // NOLINT(google-build-using-namespace): one file, one law
 
-constexpr std::u16string_view kHostForm = u"TYPE10001";
-
 void Demand(bool holds) {
     if (!holds) std::abort();
 }
 
-server::Settings HotelSettings() {
-    server::Settings settings;
-    settings.RoomStatusCleanCdpn = u"90";
-    settings.RoomStatusNotCleanCdpn = u"91";
-    settings.RoomStatusAlarmCdpn = u"95";
-    settings.WakeupResponseH323 = u"Hotel";
-    settings.WakeupResponseFallback = u"299";
-    return settings;
-}
-
-/// The operations with the code and the frame in hand.
-struct Exchange {
-    const server::Settings& settings;
-    std::u16string code;
-    testing::FakeMessage message;
-    testing::FakeClock clock;
-
-    int RoomState(std::u16string_view frame) { return rx::GetComIsRoomState(code, frame, settings); }
-    int RoomAlarm(std::u16string_view frame) { return rx::GetComIsRoomAlarm(code, frame, settings); }
-    int Confirmation(std::u16string_view frame) { return rx::GetComIsConfirmClock(code, frame, settings); }
-    int SetClock(std::u16string_view frame) { return rx::GetComIsSetClock(code, frame); }
+/// The code is upper-cased in place by every operation: each asks with its own.
+struct Code : std::u16string {
+    using std::u16string::u16string;
+    operator server::TypeCode() { return {data(), size()}; }
 };
 
-void DemandForm(int recognised, std::u16string_view form, int recognised_as_form, std::size_t length, bool own_form) {
-    Demand((recognised == 1) == !form.empty());
-    if (form.empty() || own_form) return;
-    Demand(form.size() == length && recognised_as_form == 1);
+void DemandForm(bool recognised, std::u16string_view form, std::size_t length, bool of_the_same_kind) {
+    Demand(recognised == !form.empty());
+    Demand(form.empty() || (form.size() == length && of_the_same_kind));
 }
 
-void JudgeFrame(server::Model model, std::u16string_view frame) {
-    static const server::Settings settings = HotelSettings();
-    Exchange exchange{settings, std::u16string(server::ModelCode(model)), {}, {}};
-    Exchange host{settings, std::u16string(kHostForm), {}, {}};
-    const bool own_form =
+void JudgeFrame(server::Model model, std::u16string_view frame, const server::Settings& settings) {
+    Code code(server::ModelCode(model));
+    Code host(u"TYPE10001");
+    const bool integral =
         model == server::Model::Type10001 || model == server::Model::Type10002 || model == server::Model::Type10007;
+    const testing::FakeClock clock;
+    testing::FakeMessage message;
 
-    const std::u16string state = rx::GetComConvertRoomStateRX(exchange.code, frame, settings, exchange.message);
-    DemandForm(exchange.RoomState(frame), state, host.RoomState(state), 14, own_form);
+    const auto state = rx::GetComConvertRoomStateRX(code, frame, settings, message);
+    DemandForm(rx::GetComIsRoomState(code, frame, settings) == 1, state, integral ? state.size() : 14,
+               rx::GetComIsRoomState(host, state, settings) == 1);
 
-    const std::u16string alarm = rx::GetComConvertRoomAlarmRX(exchange.code, frame, settings, exchange.message);
-    DemandForm(exchange.RoomAlarm(frame), alarm, host.RoomAlarm(alarm), 14, own_form);
+    const auto alarm = rx::GetComConvertRoomAlarmRX(code, frame, settings, message);
+    DemandForm(rx::GetComIsRoomAlarm(code, frame, settings) == 1, alarm, integral ? alarm.size() : 14,
+               rx::GetComIsRoomAlarm(host, alarm, settings) == 1);
 
-    const std::u16string confirmation =
-        rx::GetComConvertConfirmClockRX(exchange.code, frame, settings, exchange.message);
-    const int kind = exchange.Confirmation(frame);
-    const bool started = kind == 2 && model == server::Model::Type10019;
-    Demand(kind >= 0 && kind <= 2);
-    DemandForm(started ? 1 : kind, confirmation, host.Confirmation(confirmation), 10, own_form);
+    const auto confirmation = rx::GetComConvertConfirmClockRX(code, frame, settings, message);
+    const int kind = rx::GetComIsConfirmClock(code, frame, settings);
+    DemandForm(kind == 1 || (kind == 2 && model == server::Model::Type10019), confirmation, 10,
+               rx::GetComIsConfirmClock(host, confirmation, settings) == 1);
 
-    const std::u16string setting = rx::GetComConvertSetClockRX(exchange.code, frame, exchange.clock, exchange.message);
-    const bool reports_settings = own_form || model == server::Model::Type12000;
-    Demand(setting.empty() == !reports_settings && setting.size() <= 32);
-    Demand(setting.empty() || (setting.front() == server::kStx && setting.back() == server::kEtx));
-    Demand(exchange.SetClock(frame) == 0 || reports_settings);
-    Demand(exchange.message.texts.empty());
+    const auto setting = rx::GetComConvertSetClockRX(code, frame, clock, message);
+    const bool reports_settings = integral || model == server::Model::Type12000;
+    Demand(setting.empty() != reports_settings && setting.size() <= 32);
+    Demand(reports_settings || rx::GetComIsSetClock(code, frame) == 0);
+    Demand(message.texts.empty());
 }
 
 void ReadFields(std::u16string_view text) {
@@ -103,7 +82,12 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         const auto character = static_cast<char16_t>(data[i]);
         frame += character < 128 ? character : static_cast<char16_t>(character * 257);
     }
-    JudgeFrame(model, frame);
+    server::Settings settings;
+    settings.RoomStatusCleanCdpn = u"90";
+    settings.RoomStatusNotCleanCdpn = u"91";
+    settings.RoomStatusAlarmCdpn = u"95";
+    settings.WakeupResponseH323 = u"Hotel";
+    JudgeFrame(model, frame, settings);
     ReadFields(frame);
     return 0;
 }
