@@ -57,7 +57,12 @@ LangString REGISTRATION_FAILED ${LANG_ITALIAN} "Impossibile registrare il server
 !macroend
 
 Function .onInit
+  Push $INSTDIR   ; from /D=FOLDER; the install mode would put its own folder there
   !insertmacro MULTIUSER_INIT
+  Exch $0
+  StrCmp $0 "" +2
+    StrCpy $INSTDIR $0
+  Pop $0
 FunctionEnd
 
 Function un.onInit
