@@ -24,5 +24,9 @@ extern const Command kConvertCommand;
 extern const Command kListenCommand;
 extern const Command kClassifyCommand;
 extern const Command kSimulateCommand;
+extern const Command kWakeUpCommand;
+extern const Command kCheckInCommand;
+extern const Command kCheckOutCommand;
+extern const Command kNameCommand;
 
 }  // namespace vintrel::host

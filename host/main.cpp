@@ -16,7 +16,8 @@ namespace {
 
 /// Adding a command is a line here and one in commands.h.
 constexpr const Command* kCommands[] = {
-    &kModelsCommand, &kLinkCommand, &kConvertCommand, &kListenCommand, &kClassifyCommand, &kSimulateCommand,
+    &kModelsCommand,   &kLinkCommand,   &kConvertCommand, &kListenCommand,   &kClassifyCommand,
+    &kSimulateCommand, &kWakeUpCommand, &kCheckInCommand, &kCheckOutCommand, &kNameCommand,
 };
 
 constexpr std::string_view kHead =

@@ -1,6 +1,6 @@
 """Orders of the four driven exchanges through the server's COM classes, against exchanges that work and that fail.
 
-usage: test_orders.py ORDER_CLIENT VINTREL_DLL WORK_FOLDER [PART_OF_A_SCENARIO_NAME]
+usage: test_orders.py ORDER_CLIENT VINTREL_DLL VINTREL_HOST WORK_FOLDER [PART_OF_A_SCENARIO_NAME]
 Needs wine in the path and its prefix in WINEPREFIX. Scenarios run side by side, each with a host process of its own;
 the time from an order to its verdict is measured in that process.
 """
@@ -16,7 +16,7 @@ import threading
 
 from exchanges import PASSWORD, USER, Grandstream, HttpExchange, Innovaphone, IpOffice, make_certificate
 
-CLIENT, SERVER, FOLDER = (os.path.abspath(path) for path in sys.argv[1:4])
+CLIENT, SERVER, PROGRAM, FOLDER = (os.path.abspath(path) for path in sys.argv[1:5])
 TOKEN = hashlib.md5((USER + PASSWORD).encode()).hexdigest().upper()
 TYPES = {Innovaphone: "TYPE10012", Grandstream: "TYPE10020", IpOffice: "TYPE10017"}
 NAMES = {Innovaphone: "innovaphone", Grandstream: "Grandstream", IpOffice: "IP Office"}
@@ -29,26 +29,36 @@ def expect(got, wanted, what):
         raise AssertionError(f"{what}\n      got    {got!r}\n      wanted {wanted!r}")
 
 
+def windows(path):
+    return "Z:" + path.replace("/", "\\")
+
+
+def settings_folder(port, host="127.0.0.1", unit="127.0.0.1"):
+    """A new folder with both configuration files."""
+    folder = tempfile.mkdtemp(dir=FOLDER)
+    with open(os.path.join(folder, "Quindara.cfg"), "wb") as file:
+        texts = {156: host, 158: USER, 159: PASSWORD}
+        for record in range(1, 161):
+            text = texts.get(record, "").encode("cp1252")
+            content = struct.pack("<i", port) if record == 157 else struct.pack("<H", len(text)) + text
+            file.write(content.ljust(624, b"\0"))
+    with open(os.path.join(folder, "Vintrel.ini"), "w", encoding="ascii") as file:
+        file.write(f"[IP_OFFICE]\nhost={unit}\nport={port}\n[USERS]\n204=0a1b2c3d\n"
+                   "[WAKEUP_RESPONSE]\nFallback=0123\n")
+    return folder
+
+
 class Host:
     """A host process with a documents folder of its own."""
 
-    def __init__(self, kind, port=0, host="127.0.0.1", unit="127.0.0.1", environment=()):
-        self.type, self.folder = kind, tempfile.mkdtemp(dir=FOLDER)
-        with open(os.path.join(self.folder, "Quindara.cfg"), "wb") as file:
-            texts = {156: host, 158: USER, 159: PASSWORD}
-            for record in range(1, 161):
-                text = texts.get(record, "").encode("cp1252")
-                content = struct.pack("<i", port) if record == 157 else struct.pack("<H", len(text)) + text
-                file.write(content.ljust(624, b"\0"))
-        with open(os.path.join(self.folder, "Vintrel.ini"), "w", encoding="ascii") as file:
-            file.write(f"[IP_OFFICE]\nhost={unit}\nport={port}\n[USERS]\n204=0a1b2c3d\n"
-                       "[WAKEUP_RESPONSE]\nFallback=0123\n")
+    def __init__(self, kind, port=0, environment=(), **addresses):
+        self.type, self.folder = kind, settings_folder(port, **addresses)
         settings = dict(os.environ, WINEDEBUG="-all,trace+debugstr", **dict(environment))
         self.errors = open(os.path.join(self.folder, "errors"), "wb+")
-        self.process = subprocess.Popen(["wine", CLIENT, "Z:" + SERVER.replace("/", "\\")], env=settings,
-                                        stdin=subprocess.PIPE, stdout=subprocess.PIPE, stderr=self.errors)
+        self.process = subprocess.Popen(["wine", CLIENT, windows(SERVER)], env=settings, stdin=subprocess.PIPE,
+                                        stdout=subprocess.PIPE, stderr=self.errors)
         self.said = b""
-        self.do("documents", "Z:" + self.folder.replace("/", "\\"))
+        self.do("documents", windows(self.folder))
         self.initialize()
 
     def initialize(self):
@@ -294,8 +304,8 @@ class Telephony:
     def host(self):
         return Host(PANASONIC, environment={
             "WINEDLLOVERRIDES": "tapi32=n;mscoree,mshtml=",
-            "VINTREL_TAPI_LOG": "Z:" + self.log.replace("/", "\\"),
-            "VINTREL_TAPI_BEHAVIOUR": "Z:" + self.behaviour.replace("/", "\\")})
+            "VINTREL_TAPI_LOG": windows(self.log),
+            "VINTREL_TAPI_BEHAVIOUR": windows(self.behaviour)})
 
     def calls(self):
         """Since the last time."""
@@ -390,6 +400,37 @@ def panasonic_faults():
     host.end()
 
 
+# --- the reference host -----------------------------------------------------------------------------------------------
+
+def the_host_program_shows_commands_and_verdicts():
+    exchange = Innovaphone()
+    settings = ("--settings", windows(settings_folder(exchange.port)))
+    order = ("checkout", "--model", "TYPE10012", "--room", "204", *settings)
+
+    def run(*words):
+        done = subprocess.run(["wine", PROGRAM, *words], capture_output=True, timeout=60, check=False)
+        return done.stdout.decode().strip(), done.returncode
+
+    def model(order, code, *words):
+        return run(order, "--model", code, "--room", "204", *words)
+    subprocess.run(["wine", "regsvr32", "/s", windows(SERVER)], check=True, timeout=60)
+    try:
+        expect(model("wakeup", "type10001", "--time", "0730"), ("<STX>070020407301<ETX>", 0), "a command")
+        expect(model("wakeup", "TYPE10004", "--time", "0730", "--repeat"), ("h6<TAB>204<TAB>2<TAB>0730<CR>", 0), "repeat")
+        expect(model("wakeup", "TYPE12000", "--time", "0730", "--date", "----", "--cancel"),
+               ("<STX>WC|RN204|TI073000|<ETX>", 0), "cancel")
+        expect(model("checkin", "TYPE12000", "--name", "Renè", "--language", "it"),
+               ("<STX>GI|RN204|GNRenè|GLIT|<ETX>", 0), "check-in")
+        expect(model("name", "TYPE10008", "--name", "12"), ("h4<TAB>204<TAB>I204<CR>", 0), "name")
+        expect(model("name", "TYPE10020", "--name", "Rossi"), ("", 1), "an order that the model does not have")
+        expect(run(*order), ("<OK>", 0), "an order carried out")
+        exchange.fault = "wrong"
+        expect(run(*order), ("<ERROR>", 1), "an order that the exchange refuses")
+        expect(model("wakeup", "TYPE10012"), ("", 2), "an order without its time")
+    finally:
+        subprocess.run(["wine", "regsvr32", "/s", "/u", windows(SERVER)], check=True, timeout=60)
+
+
 NETWORK_FAULTS = ["reset", "endless", "garbage", "wrong", "empty", "server_error"]
 HTTP_FAULTS = NETWORK_FAULTS + ["endless_401", "redirect"]
 SCENARIOS = [
@@ -410,6 +451,7 @@ SCENARIOS = [
     quick_faults(IpOffice, NETWORK_FAULTS),
     *[another_order_meanwhile(kind) for kind in TYPES],
     wrong_credentials,
+    the_host_program_shows_commands_and_verdicts,
 ]
 
 
@@ -425,7 +467,7 @@ def main():
     os.makedirs(FOLDER, exist_ok=True)
     for expired in (False, True):
         make_certificate(FOLDER, expired)
-    wanted = [s for s in SCENARIOS if len(sys.argv) < 5 or sys.argv[4] in s.__name__]
+    wanted = [s for s in SCENARIOS if len(sys.argv) < 6 or sys.argv[5] in s.__name__]
     with concurrent.futures.ThreadPoolExecutor(max_workers=len(SCENARIOS)) as pool:
         results = list(zip(wanted, pool.map(run, wanted)))
     for kind, fault, milliseconds in sorted(measured):
