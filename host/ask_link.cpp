@@ -9,10 +9,7 @@ constexpr std::u16string_view kFiasCode = u"TYPE12000";
 /// The answer for models whose connections the server makes itself: it also does their login.
 constexpr long kDrivenByTheServer = 2;
 
-/// "@" and "£" say that the model has no such character.
-std::string WithoutMarker(std::u16string_view text) {
-    return text == u"@" || text == u"\u00A3" ? std::string() : ToBytes(text);
-}
+std::string WithoutMarker(std::u16string_view text) { return IsMarker(text) ? std::string() : ToBytes(text); }
 
 void AskAboutLogin(const Server& server, const Model& model, LinkAnswers& answers) {
     answers.login_request = ToBytes(model.Text(server.tx, &_ComEventsTX::ComEventRequestLogInTX));

@@ -5,6 +5,7 @@
 #include <utility>
 #include <vector>
 
+#include "host/ask_link.h"
 #include "host/commands.h"
 #include "host/console.h"
 #include "host/output.h"
@@ -19,8 +20,6 @@ constexpr Option kOptions[] = {
     {"--format", "FORMAT", "table (default), csv or json (one object per line)"},
 };
 
-constexpr std::u16string_view kNoMessage = u"@";
-constexpr std::u16string_view kServerDriven = u"\u00A3";
 constexpr char16_t kTelnetCommand = 255;
 
 std::string ByteName(char16_t character) {
@@ -53,9 +52,6 @@ std::string TelnetWords(std::u16string_view command) {
     const Meaning option{{{1, "ECHO"}, {3, "SUPPRESS-GO-AHEAD"}}, "?"};
     return std::string("Telnet: IAC ") + verb.Of(command[1]) + " " + option.Of(command[2]);
 }
-
-/// Whether an answer is a text of the link, and not empty or a marker that stands for none.
-bool IsOfTheLink(std::u16string_view text) { return !text.empty() && text != kNoMessage && text != kServerDriven; }
 
 std::string Purpose(std::u16string_view text, const char* purpose) {
     if (text.empty()) return "none";
@@ -168,7 +164,7 @@ std::string Framing(const Server& server, Questions& ask) {
     std::string sentence;
     Say(sentence, {"a frame ends at ", Quoted(end)});
     if (length > 0) Say(sentence, {"read length ", std::to_string(length)});
-    if (IsOfTheLink(answer))
+    if (!answer.empty() && !IsMarker(answer))
         Say(sentence, {"send back ", Quoted(answer)});
     else
         Say(sentence, {"nothing is sent back"});
@@ -199,7 +195,7 @@ std::string LoggingIn(const Server& server, Questions& ask) {
     ask.Section("log in");
     std::string sentence;
     const auto say = [&sentence](const char* who, const std::u16string& text) {
-        if (IsOfTheLink(text)) Say(sentence, {who, " ", Quoted(text)});
+        if (!text.empty() && !IsMarker(text)) Say(sentence, {who, " ", Quoted(text)});
     };
     const std::u16string request =
         ask.Text("exchange requests", VINTREL_RX(ComEventRequestLogInRX), "it asks for the login");
