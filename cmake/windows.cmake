@@ -26,7 +26,7 @@ target_include_directories(vintrel_surface SYSTEM INTERFACE ${surface_dir})
 
 # --- The platform edge: every file that talks to Windows below the COM skin ------------------------------------------
 add_library(vintrel_edge STATIC ${edge_sources})
-target_link_libraries(vintrel_edge PUBLIC vintrel_core user32 gdi32 shell32 comctl32 advapi32 winhttp ws2_32)
+target_link_libraries(vintrel_edge PUBLIC vintrel_core user32 gdi32 advapi32 winhttp ws2_32)
 
 # --- The server -------------------------------------------------------------------------------------------------------
 enable_language(RC)

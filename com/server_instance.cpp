@@ -7,10 +7,7 @@ Server the_server;
 
 }  // namespace
 
-void Server::Close() {
-    support_list_.Unload();
-    loop_.DestroyHiddenWindow();
-}
+void Server::Close() { loop_.DestroyHiddenWindow(); }
 
 Server& TheServer() { return the_server; }
 

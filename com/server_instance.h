@@ -45,10 +45,10 @@ class Server {
     operator tx::DrivenExchanges&() { return exchanges_; }
     // NOLINTEND(google-explicit-constructor)
 
-    /// Windows and timers go; the settings stay for the next object.
+    /// The hidden window and its timers go. The settings stay for the next object, the list window for the operator.
     void Close();
     /// Whether the system may still call into the server although no object is left.
-    bool InUse() const { return settings_.TapiLineApp != 0; }
+    bool InUse() const { return settings_.TapiLineApp != 0 || support_list_.IsOpen(); }
 
  private:
     server::Settings settings_;

@@ -1,5 +1,6 @@
 #include "server/desktop_win32.h"
 
+#include "server/module_win32.h"
 #include "server/wide_win32.h"
 
 #include <shellapi.h>
@@ -30,7 +31,8 @@ void Win32HelpViewer::Start(std::u16string_view program, std::u16string_view arg
     start.lpFile = file.c_str();
     start.lpParameters = parameters.c_str();
     start.nShow = SW_SHOWNORMAL;
-    ShellExecuteExW(&start);
+    const auto execute = SystemFunction<decltype(&ShellExecuteExW)>(L"shell32.dll", "ShellExecuteExW");
+    if (execute != nullptr) execute(&start);
 }
 
 }  // namespace vintrel::server

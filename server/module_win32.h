@@ -9,6 +9,14 @@ namespace vintrel::server {
 
 inline HINSTANCE ThisModule() { return reinterpret_cast<HINSTANCE>(&__ImageBase); }
 
+/// A function of a system library that is loaded when it is needed, or that older systems do not have (then null).
+template <typename Function>
+Function SystemFunction(const wchar_t* library, const char* name) {
+    HMODULE const module = LoadLibraryW(library);
+    FARPROC const function = module != nullptr ? GetProcAddress(module, name) : nullptr;
+    return reinterpret_cast<Function>(reinterpret_cast<void*>(function));
+}
+
 /// Runs a body whose caller is Windows: no exception may leave it.
 template <typename Body>
 void Fenced(Body body) noexcept {

@@ -8,20 +8,17 @@ namespace vintrel::server {
 namespace {
 
 /// The manifest in the module's resources that asks for the current common controls.
-constexpr WORD kControlsManifest = 2;
+constexpr WORD kControlsManifest = 101;
 
-/// A function of user32 that older systems do not have.
-template <typename Function>
-Function NewerUserFunction(const char* name) {
-    return reinterpret_cast<Function>(reinterpret_cast<void*>(GetProcAddress(GetModuleHandleW(L"user32.dll"), name)));
-}
+constexpr wchar_t kUser32[] = L"user32.dll";
 
 using SetThreadDpiAwarenessContextFunction = void*(WINAPI*)(void*);
 using GetDpiForWindowFunction = UINT(WINAPI*)(HWND);
 using SystemParametersInfoForDpiFunction = BOOL(WINAPI*)(UINT, UINT, void*, UINT, UINT);
 
 void* SetDpiContext(void* context) {
-    static const auto set = NewerUserFunction<SetThreadDpiAwarenessContextFunction>("SetThreadDpiAwarenessContext");
+    static const auto set =
+        SystemFunction<SetThreadDpiAwarenessContextFunction>(kUser32, "SetThreadDpiAwarenessContext");
     return set != nullptr ? set(context) : nullptr;
 }
 
@@ -57,13 +54,14 @@ ModernWindows::~ModernWindows() {
 }
 
 UINT DpiOf(HWND window) {
-    static const auto dpi_for_window = NewerUserFunction<GetDpiForWindowFunction>("GetDpiForWindow");
+    static const auto dpi_for_window = SystemFunction<GetDpiForWindowFunction>(kUser32, "GetDpiForWindow");
     const UINT dpi = dpi_for_window != nullptr ? dpi_for_window(window) : DpiOfScreen();
     return dpi != 0 ? dpi : USER_DEFAULT_SCREEN_DPI;
 }
 
 HFONT CreateMessageFont(UINT dpi) {
-    static const auto for_dpi = NewerUserFunction<SystemParametersInfoForDpiFunction>("SystemParametersInfoForDpi");
+    static const auto for_dpi =
+        SystemFunction<SystemParametersInfoForDpiFunction>(kUser32, "SystemParametersInfoForDpi");
     NONCLIENTMETRICSW metrics{};
     metrics.cbSize = sizeof metrics;
     if (for_dpi == nullptr || for_dpi(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0, dpi) == FALSE)

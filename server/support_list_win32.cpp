@@ -39,6 +39,13 @@ Win32SupportList* shown = nullptr;
 
 HCURSOR Pointer(const wchar_t* name) { return LoadCursorW(nullptr, name); }
 
+/// The window outlives the objects and even COM itself: the code behind it stays until the process ends.
+void KeepModule() {
+    HMODULE module = nullptr;
+    GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_PIN | GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS,
+                       reinterpret_cast<const wchar_t*>(ThisModule()), &module);
+}
+
 RECT WorkAreaAt(HWND window) {
     MONITORINFO monitor{};
     monitor.cbSize = sizeof monitor;
@@ -71,6 +78,7 @@ void Win32SupportList::Show(SupportListContent content) {
     window_class.hbrBackground = GetSysColorBrush(COLOR_3DFACE);
     window_class.lpszClassName = kClassName;
     RegisterClassExW(&window_class);
+    KeepModule();
     window_ = CreateWindowExW(kExtendedStyle, kClassName, Wide(content_.caption), kStyle, CW_USEDEFAULT, CW_USEDEFAULT,
                               kMinimumLineWidth, kMinimumLineWidth, nullptr, nullptr, ThisModule(), nullptr);
     if (window_ == nullptr) return;
@@ -91,8 +99,9 @@ void Win32SupportList::Unload() {
 }
 
 void Win32SupportList::CreateControls() {
-    INITCOMMONCONTROLSEX controls{sizeof controls, ICC_STANDARD_CLASSES | ICC_BAR_CLASSES};
-    InitCommonControlsEx(&controls);
+    const auto initialize = SystemFunction<decltype(&InitCommonControlsEx)>(L"comctl32.dll", "InitCommonControlsEx");
+    const INITCOMMONCONTROLSEX controls{sizeof controls, ICC_STANDARD_CLASSES | ICC_BAR_CLASSES};
+    if (initialize != nullptr) initialize(&controls);
     // In the order of the Tab key.
     list_ = CreateControl(L"LISTBOX", {}, WS_TABSTOP | WS_VSCROLL | LBS_NOTIFY | LBS_NOINTEGRALHEIGHT, WS_EX_CLIENTEDGE,
                           kList1);
