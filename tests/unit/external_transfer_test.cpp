@@ -88,7 +88,7 @@ TEST_F(ExternalTransfer, ComparesWhatTheConditionSwitchesOn) {
         // The direction always counts; a code is compared as given.
         {__LINE__, u"TYPE10001", u"1111", {.direction = u"1"}, 0},
         {__LINE__, u"type10001", u"0000", {.direction = u"0"}, 0},
-        {__LINE__, u"TYPE10021", u"0000", {.direction = u"0"}, 0},
+        {__LINE__, u"TYPE99999", u"0000", {.direction = u"0"}, 0},
     };
     for (const auto& row : rows)
         EXPECT_EQ(Pair(first, row.second, row.condition, row.type), row.result) << "line " << row.line;

@@ -130,7 +130,7 @@ TEST(RoomEvents, AreRecognisedAndConvertedAsEachModelSendsThem) {
         {__LINE__, u"TYPE12000", "<STX>RE|RN2781|RS3|<ETX>k", 0, 0, none, none},
         // Codes are upper-cased; an unknown one is 1 for both questions and "" for both forms.
         {__LINE__, u"type12000", "<STX>RE|RN2781|RS3|<ETX>", 1, 0, "<STX>080278100111<ETX>", none},
-        {__LINE__, u"TYPE10021", "<STX>RE|RN2781|RS3|<ETX>", 1, 1, none, none},
+        {__LINE__, u"TYPE99999", "<STX>RE|RN2781|RS3|<ETX>", 1, 1, none, none},
     };
     const Settings settings = HotelSettings();
     FakeMessage message;
@@ -221,7 +221,7 @@ TEST(WakeUpConfirmation, IsRecognisedAndConvertedAsEachModelSendsIt) {
         {__LINE__, u"TYPE12000", "<STX>WA|RN330|ASOK<ETX>", 1, "<STX>07003302<ETX>"},  // the status is not closed
         {__LINE__, u"TYPE12000", "<STX>WA|ASOK|<ETX>", 1, "<STX>07000001<ETX>"},
         {__LINE__, u"TYPE12000", "<STX>WR|RN330|ASOK|<ETX>", 0, none},
-        {__LINE__, u"TYPE10021", "<STX>07001231<ETX>", 1, none},
+        {__LINE__, u"TYPE99999", "<STX>07001231<ETX>", 1, none},
     };
     const Settings settings = HotelSettings();
     FakeMessage message;

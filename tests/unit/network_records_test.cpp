@@ -329,59 +329,6 @@ TEST(Wildix, SidesOfACallTellItsDirectionLineAndUser) {
     EXPECT_EQ(Exchange(u"TYPE10013").Convert(u"\"1234\",\"2\",\"3\""), "rejected");
 }
 
-using Totals = std::map<std::string, int>;
-
-/// Converts a file line by line and counts the outcomes by Type.
-Totals TotalsOf(Exchange exchange, const std::string& path) {
-    std::ifstream file(std::filesystem::path(VINTREL_SOURCE_DIR) / path, std::ios::binary);
-    Totals totals;
-    for (std::string line; std::getline(file, line);)
-        ++totals[exchange.Convert(std::u16string(line.begin(), line.end()), {kType})];
-    return totals;
-}
-
-struct Sample {
-    const char16_t* type;
-    const char* path;
-    Totals totals;
-};
-
-TEST(NetworkSamples, ConvertWithTheTotalsOfTheirCalls) {
-    const Sample samples[] = {
-        {u"TYPE10012", "samples/innovaphone.txt", {{"0", 5}, {"1", 2}, {"2", 2}, {"3", 2}, {"7", 1}, {"rejected", 14}}},
-        {u"TYPE10013", "samples/wildix.txt", {{"0", 2}, {"1", 2}, {"2", 1}, {"3", 1}, {"7", 2}, {"rejected", 5}}},
-        {u"TYPE10020", "samples/grandstream.txt", {{"0", 2}, {"1", 3}, {"2", 1}, {"3", 1}, {"7", 1}, {"rejected", 11}}},
-    };
-    for (const Sample& sample : samples)
-        EXPECT_EQ(TotalsOf(Exchange(sample.type), sample.path), sample.totals) << sample.path;
-}
-
-/// Captures of real exchanges, where they are at hand. The totals are those of a count by other means.
-TEST(NetworkSamples, RealCapturesConvertWithTheTotalsOfTheirCalls) {
-    if (!std::filesystem::exists(std::filesystem::path(VINTREL_SOURCE_DIR) / "../shared/samples"))
-        GTEST_SKIP() << "no captures beside the project";
-    const Sample samples[] = {
-        {u"TYPE10012",
-         "../shared/samples/innovaphone.txt",
-         {{"0", 10}, {"1", 5}, {"2", 6}, {"3", 5}, {"rejected", 136}}},
-        {u"TYPE10012", "../shared/samples/innovaphone_events.xml.txt", {{"rejected", 4}}},
-        {u"TYPE10013", "../shared/samples/wildix.txt", {{"0", 1}, {"1", 2}, {"7", 2}, {"rejected", 2}}},
-        {u"TYPE10020", "../shared/samples/grandstream.txt", {{"1", 23}, {"rejected", 47}}},
-        {u"TYPE10020", "../shared/samples/grandstream_hotel.txt", {{"rejected", 6}}},
-    };
-    for (const Sample& sample : samples)
-        EXPECT_EQ(TotalsOf(Exchange(sample.type), sample.path), sample.totals) << sample.path;
-}
-
-/// "<STX>" and the like back to the characters.
-std::u16string WithControlCharacters(std::string line) {
-    const std::map<std::string, char> names{{"<STX>", 2}, {"<ETX>", 3}, {"<TAB>", 9}, {"<LF>", 10}, {"<CR>", 13}};
-    for (const auto& [name, character] : names)
-        for (std::size_t at = 0; (at = line.find(name, at)) != std::string::npos;)
-            line.replace(at, name.size(), 1, character);
-    return {line.begin(), line.end()};
-}
-
 TEST(CallRecordsPage, ItsExamplesAreTrue) {
     std::ifstream page(std::filesystem::path(VINTREL_SOURCE_DIR) / "docs/call-records.md");
     const std::string fence = "```gdv ";
@@ -390,7 +337,7 @@ TEST(CallRecordsPage, ItsExamplesAreTrue) {
         if (!line.starts_with(fence)) continue;
         ASSERT_TRUE(std::getline(page, raw) && std::getline(page, gdv));
         const std::u16string type(line.begin() + static_cast<std::ptrdiff_t>(fence.size()), line.end());
-        const std::u16string text = WithControlCharacters(raw);
+        const std::u16string text = testing::Raw(raw);
         Exchange exchange(type);
         server::InOutText record(text);
         EXPECT_EQ(Shown(GetComConvertStringRX(type, record, exchange.state, {}, exchange.clock, exchange.message)), gdv)
