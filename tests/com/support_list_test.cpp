@@ -125,11 +125,14 @@ class SupportList : public ::testing::Test {
 TEST_F(SupportList, ShowsTheModelsInGermanAndItalian) {
     const struct {
         const wchar_t* language;
+        const wchar_t* picture;
         const wchar_t* heading;
         const wchar_t* hint;
     } cases[] = {
-        {L"GER", L"Unterst\u00FCtzte Kommunikationssysteme:", L"Doppelklick um die Anschlu\u00DFpl\u00E4ne anzuzeigen"},
-        {L"ita", L"Sistemi di comunicazione supportati:", L"Doppio click per visualizzare gli schemi di collegamento"},
+        {L"GER", L"support_list_german", L"Unterst\u00FCtzte Kommunikationssysteme:",
+         L"Doppelklick um die Anschlu\u00DFpl\u00E4ne anzuzeigen"},
+        {L"ita", L"support_list_italian", L"Sistemi di comunicazione supportati:",
+         L"Doppio click per visualizzare gli schemi di collegamento"},
     };
     for (const auto& each : cases) {
         Set(kHelpFile, each.language);
@@ -150,7 +153,7 @@ TEST_F(SupportList, ShowsTheModelsInGermanAndItalian) {
         SetCursorPos((area.left + area.right) / 2, (area.top + area.bottom) / 2);
         PumpUntil([&] { return IsWindowVisible(tip) != FALSE; });
         Pump(100);
-        EXPECT_TRUE(SaveScreenshot(std::wstring(L"support_list_") + each.language));
+        EXPECT_TRUE(SaveScreenshot(each.picture));
     }
 }
 
