@@ -8,10 +8,10 @@ namespace {
 
 /// False when the reader of a pipe has gone or the disk is full.
 bool WriteAll(DWORD stream, std::string_view bytes) {
-    const HANDLE handle = GetStdHandle(stream);
+    HANDLE handle = GetStdHandle(stream);
     while (!bytes.empty()) {
         DWORD written = 0;
-        if (!WriteFile(handle, bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr) || written == 0)
+        if (WriteFile(handle, bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr) == 0 || written == 0)
             return false;
         bytes.remove_prefix(written);
     }
@@ -68,13 +68,13 @@ InputFile::InputFile(const std::string& name) : name_(name), standard_input_(nam
                                OPEN_EXISTING, FILE_FLAG_SEQUENTIAL_SCAN, nullptr));
     if (!file_.Valid()) throw Failure(ExitCode::Failed, name + " cannot be opened: " + SystemMessage(GetLastError()));
     LARGE_INTEGER size{};
-    if (GetFileSizeEx(file_.Get(), &size)) size_ = static_cast<std::uint64_t>(size.QuadPart);
+    if (GetFileSizeEx(file_.Get(), &size) != 0) size_ = static_cast<std::uint64_t>(size.QuadPart);
 }
 
 std::string_view InputFile::Read() {
     DWORD count = 0;
-    const HANDLE handle = standard_input_ ? GetStdHandle(STD_INPUT_HANDLE) : file_.Get();
-    if (!ReadFile(handle, buffer_.data(), static_cast<DWORD>(buffer_.size()), &count, nullptr)) {
+    HANDLE handle = standard_input_ ? GetStdHandle(STD_INPUT_HANDLE) : file_.Get();
+    if (ReadFile(handle, buffer_.data(), static_cast<DWORD>(buffer_.size()), &count, nullptr) == 0) {
         const DWORD error = GetLastError();
         if (error != ERROR_BROKEN_PIPE && error != ERROR_HANDLE_EOF)
             throw Failure(ExitCode::Failed, name_ + " cannot be read: " + SystemMessage(error));

@@ -2,7 +2,7 @@
 
 #include <windows.h>
 
-#include <cstdio>
+#include <algorithm>
 
 #include "host/text.h"
 
@@ -30,11 +30,14 @@ long NumberOf(const std::string& digits) { return static_cast<long>(ParseNumber(
 Moment Now() {
     SYSTEMTIME t{};
     GetLocalTime(&t);
-    char stamp[32];
-    std::snprintf(stamp, sizeof stamp, "%04u-%02u-%02u %02u:%02u:%02u.%03u", static_cast<unsigned>(t.wYear),
-                  static_cast<unsigned>(t.wMonth), static_cast<unsigned>(t.wDay), static_cast<unsigned>(t.wHour),
-                  static_cast<unsigned>(t.wMinute), static_cast<unsigned>(t.wSecond),
-                  static_cast<unsigned>(t.wMilliseconds));
+    const auto digits = [](unsigned value, std::size_t width) {
+        const std::string text = std::to_string(value);
+        return std::string(width - std::min(width, text.size()), '0') + text;
+    };
+    std::string stamp = digits(t.wYear, 4);
+    stamp.append("-").append(digits(t.wMonth, 2)).append("-").append(digits(t.wDay, 2));
+    stamp.append(" ").append(digits(t.wHour, 2)).append(":").append(digits(t.wMinute, 2));
+    stamp.append(":").append(digits(t.wSecond, 2)).append(".").append(digits(t.wMilliseconds, 3));
     return {stamp, GetTickCount64()};
 }
 

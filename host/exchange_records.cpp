@@ -125,9 +125,9 @@ std::string ExchangeRecords::WakeUpResult(unsigned room, bool answered, const Ci
         case Family::Integral: return IntegralFrame("07", room, answered ? "1" : "2");
         case Family::MitelHotel: return MitelHotelFrame(room, "7", "1", time);
         case Family::Innovaphone:
-            return "<cdr guid=\"" + Digits(serial_, 32) + "\" sys=\"PBX\" e164=\"" + digits +
-                   "\" h323=\"Hotel\" dir=\"to\"><event msg=\"" + (answered ? "conn-from" : "rel-to") +
-                   "\" time=\"4\" type=\"ext\"/></cdr>\r\n";
+            return R"(<cdr guid=")" + Digits(serial_, 32) + R"(" sys="PBX" e164=")" + digits +
+                   R"(" h323="Hotel" dir="to"><event msg=")" + (answered ? "conn-from" : "rel-to") +
+                   R"(" time="4" type="ext"/></cdr>)" + "\r\n";
         case Family::Panasonic:
             return PanasonicLine(room, answered ? "Timed Reminder/Answer" : "Timed Reminder/No Answer", time, nullptr);
         case Family::Grandstream:

@@ -34,7 +34,7 @@ class ExchangeRecords {
     explicit ExchangeRecords(std::string_view code);
 
     // Frames with their framing characters; "" where the model has no such frame.
-    std::string Call(const SampleCall& call, const CivilTime& time);
+    std::string Call(const SampleCall& sample, const CivilTime& time);
     std::string Room(unsigned room, RoomReport report, const CivilTime& time);
     std::string WakeUpResult(unsigned room, bool answered, const CivilTime& time);
     /// A wake-up call that the guest sets on the telephone, @param hhmm; "" clears it.

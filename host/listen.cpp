@@ -36,6 +36,7 @@ constexpr Option kOptions[] = {
     {"--orders", "FILE", "orders to send once the link is up; see below"},
     {"--silent", "SECONDS", "says when nothing has come for so long; 0 (default) never"},
     {"--retry", "SECONDS", "between two attempts to connect; what the server says when not given"},
+    {"--once", "", "ends when the connection is lost"},
     {"--for", "SECONDS", "ends by itself; 0 (default) runs until Ctrl-C"},
     {"--format", "FORMAT", "table (default), csv or json (one object per line)"},
 };
@@ -55,6 +56,7 @@ class Listening {
                     [this](const Moment& moment, const Event& event) { Note(moment, event); }, &events_,
                     !options.Has("--replay")}),
           orders_(server, model, options.Get("--orders")),
+          once_(options.Has("--once")),
           silent_(kSecond * options.Number("--silent", 0, 0, kDay)) {}
 
     void Run(std::unique_ptr<Wire> wire, std::uint64_t duration) {
@@ -62,9 +64,10 @@ class Listening {
         const StopSignal stop;
         const std::uint64_t begin = Now().milliseconds;
         output_.Flush();
-        while (!stop.Raised() && (duration == 0 || Now().milliseconds - begin < duration)) {
+        while (!stop.Raised() && !(once_ && lost_) && (duration == 0 || Now().milliseconds - begin < duration)) {
             WaitAndPump(stop);
-            const Moment moment = Now();
+            moment_ = Now();
+            const Moment& moment = moment_;
             for (const WireNews& news : wire_->Poll(moment.milliseconds)) Take(moment, news);
             for (const Event& event : orders_.Feed(session_, moment.milliseconds, connected_)) Note(moment, event);
             session_.Tick(moment);
@@ -102,7 +105,7 @@ class Listening {
         const bool signals = handles[1] != nullptr;
         MsgWaitForMultipleObjects(signals ? 2 : 1, handles, FALSE, signals ? kTurn : kSerialTurn, QS_ALLINPUT);
         MSG message{};
-        while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) DispatchMessageW(&message);
+        while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE) != 0) DispatchMessageW(&message);
     }
 
     void Take(const Moment& moment, const WireNews& news) {
@@ -120,6 +123,7 @@ class Listening {
                 return session_.Received(moment, news.text);
             case WireNews::Kind::Lost:
                 connected_ = false;
+                lost_ = true;
                 session_.Disconnected(moment);
                 return Note(moment, {"lost", "", news.text});
             case WireNews::Kind::Refused:
@@ -147,7 +151,7 @@ class Listening {
 
     void Send(std::string_view bytes) {
         if (!wire_) return;
-        log_.Out(Now(), bytes);
+        log_.Out(moment_, bytes);
         wire_->Send(bytes);
     }
 
@@ -163,6 +167,9 @@ class Listening {
     Session session_;
     OrderFile orders_;
     std::unique_ptr<Wire> wire_;
+    Moment moment_;  ///< of this turn: what comes of one piece of news happens at one time
+    bool once_;
+    bool lost_ = false;
     std::uint64_t silent_;
     std::uint64_t heard_ = 0;
     bool silent_told_ = false;

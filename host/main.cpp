@@ -1,6 +1,7 @@
 // vintrel-host: tries, diagnoses and demonstrates the server the way a hotel's host application uses it.
 #include <windows.h>
 
+#include <algorithm>
 #include <exception>
 #include <string>
 #include <vector>
@@ -15,10 +16,20 @@ namespace vintrel::host {
 namespace {
 
 /// Adding a command is a line here and one in commands.h.
+// clang-format off
 constexpr const Command* kCommands[] = {
-    &kModelsCommand,   &kLinkCommand,   &kConvertCommand, &kListenCommand,   &kClassifyCommand,
-    &kSimulateCommand, &kWakeUpCommand, &kCheckInCommand, &kCheckOutCommand, &kNameCommand,
+    &kModelsCommand,
+    &kLinkCommand,
+    &kConvertCommand,
+    &kListenCommand,
+    &kClassifyCommand,
+    &kSimulateCommand,
+    &kWakeUpCommand,
+    &kCheckInCommand,
+    &kCheckOutCommand,
+    &kNameCommand,
 };
+// clang-format on
 
 constexpr std::string_view kHead =
     "vintrel-host - a hotel host for the Vintrel server, on the command line\n"
@@ -53,9 +64,7 @@ const Command& Find(const std::string& name) {
 }
 
 bool AsksForHelp(const std::vector<std::string>& arguments) {
-    for (const std::string& argument : arguments)
-        if (argument == "--help" || argument == "-h") return true;
-    return false;
+    return std::ranges::any_of(arguments, [](const std::string& word) { return word == "--help" || word == "-h"; });
 }
 
 ExitCode Run(std::vector<std::string> arguments) {

@@ -47,7 +47,7 @@ OrderFile::OrderFile(const Server& server, const Model& model, const std::string
         if (!line.empty() && line.back() == '\r') line.pop_back();
         const Words words = ParseLine(line);
         if (words.empty()) continue;
-        if (!IsOrder(words)) throw Failure(ExitCode::Usage, name + ": no order: " + line);
+        if (!IsOrder(words)) throw Failure(ExitCode::Usage, std::string(name).append(": no order: ").append(line));
         orders_.push_back(words);
     }
 }
@@ -67,8 +67,10 @@ std::vector<Event> OrderFile::Feed(Session& session, std::uint64_t now, bool con
             events.push_back({"order", words[1], words[0] + " " + ToUtf8(answer)});
         else if (answer.empty())
             events.push_back({"order", words[1], words[0] + " is no order of this model"});
-        else
+        else {
             session.Queue(ToBytes(answer));
+            events.push_back({"order", words[1], words.size() > 2 ? words[0] + " " + words[2] : words[0]});
+        }
     }
     return events;
 }

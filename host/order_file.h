@@ -16,7 +16,7 @@ class OrderFile {
     /// @param name  "" for none. @throws Failure (Usage) with the line that is no order.
     OrderFile(const Server& server, const Model& model, const std::string& name);
 
-    /// Hands the orders that are due to the session. @return what became of an order besides being sent
+    /// Hands the orders that are due to the session. @return which they are, or what else became of them
     std::vector<Event> Feed(Session& session, std::uint64_t now, bool connected);
 
  private:

@@ -212,6 +212,7 @@ void RecordWriter::EndRecord() {
 void WriteRecords(Format format, const std::vector<std::string>& titles,
                   const std::vector<std::vector<std::string>>& records, Output& output) {
     std::vector<Column> columns;
+    columns.reserve(titles.size());
     for (const std::string& title : titles) columns.push_back({title, 0});
     for (const std::vector<std::string>& record : records)
         for (std::size_t i = 0; i < columns.size() && i < record.size(); ++i)

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdlib>
 #include <optional>
+#include <utility>
 
 #include "host/failure.h"
 #include "host/text.h"
@@ -31,11 +32,7 @@ class Words {
         good_ = good_ && std::find(words.begin(), words.end(), word) != words.end();
         return std::string(word);
     }
-    std::string Rest() {
-        const std::string rest(rest_);
-        rest_ = {};
-        return rest;
-    }
+    std::string Rest() { return std::string(std::exchange(rest_, {})); }
     void Require(bool condition) { good_ = good_ && condition; }
     bool Good() const { return good_ && rest_.empty(); }
 

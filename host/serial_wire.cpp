@@ -14,7 +14,7 @@ class Serial : public Wire {
  public:
     Serial(SerialSettings settings, std::uint64_t pause) : settings_(std::move(settings)), pause_(pause) {
         line_.DCBlength = sizeof line_;
-        if (!BuildCommDCBW(ToWide(Definition()).c_str(), &line_))
+        if (BuildCommDCBW(ToWide(Definition()).c_str(), &line_) == 0)
             throw Failure(ExitCode::Usage,
                           "--line takes BAUD,BITS,PARITY,STOP such as 9600,8,N,1, not \"" + settings_.line + "\"");
         line_.fBinary = TRUE;
@@ -38,11 +38,12 @@ class Serial : public Wire {
         }
         std::array<char, 4096> buffer{};
         DWORD count = 0;
-        while (ReadFile(port_.Get(), buffer.data(), static_cast<DWORD>(buffer.size()), &count, nullptr) && count > 0)
+        while (ReadFile(port_.Get(), buffer.data(), static_cast<DWORD>(buffer.size()), &count, nullptr) != 0 &&
+               count > 0)
             news.push_back({WireNews::Kind::Received, std::string(buffer.data(), count)});
         DWORD errors = 0;
         COMSTAT state{};
-        if (!ClearCommError(port_.Get(), &errors, &state)) Lose(now, news);
+        if (ClearCommError(port_.Get(), &errors, &state) == 0) Lose(now, news);
         return news;
     }
 
@@ -74,8 +75,9 @@ class Serial : public Wire {
         timeouts.WriteTotalTimeoutConstant = 1000;  // and a write does not wait for an exchange that is off
         DCB line{};
         line.DCBlength = sizeof line;
-        const bool ready = GetCommState(port_.Get(), &line) && (line = line_, SetCommState(port_.Get(), &line)) &&
-                           SetCommTimeouts(port_.Get(), &timeouts);
+        bool ready = GetCommState(port_.Get(), &line) != 0;  // a port of this name that is no serial port has none
+        line = line_;
+        ready = ready && SetCommState(port_.Get(), &line) != 0 && SetCommTimeouts(port_.Get(), &timeouts) != 0;
         const DWORD error = GetLastError();
         if (!ready) port_.Close();
         SetLastError(error);

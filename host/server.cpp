@@ -14,9 +14,11 @@ const char16_t* AsText(const wchar_t* text) { return reinterpret_cast<const char
 const wchar_t* AsWide(const char16_t* text) { return reinterpret_cast<const wchar_t*>(text); }
 
 std::string HexNumber(HRESULT result) {
-    char digits[16];
-    std::snprintf(digits, sizeof digits, "0x%08lX", static_cast<unsigned long>(result));
-    return digits;
+    constexpr std::string_view kDigits = "0123456789ABCDEF";
+    std::string text = "0x";
+    for (unsigned shift = 32; shift > 0; shift -= 4)
+        text += kDigits[static_cast<unsigned long>(result) >> (shift - 4) & 15U];
+    return text;
 }
 
 /// The description that the failed call left on this thread, or what the system says about the number.
@@ -47,7 +49,7 @@ void Create(const wchar_t* program_id, const IID& interface_id, ComPointer<Inter
 }  // namespace
 
 void Bstr::Assign(std::u16string_view text) {
-    if (!SysReAllocStringLen(&text_, AsWide(text.data()), static_cast<UINT>(text.size()))) throw std::bad_alloc();
+    if (SysReAllocStringLen(&text_, AsWide(text.data()), static_cast<UINT>(text.size())) == 0) throw std::bad_alloc();
 }
 
 void Bstr::AssignBytes(std::string_view bytes) {

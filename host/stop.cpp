@@ -15,13 +15,7 @@ BOOL WINAPI OnControl(DWORD /*reason*/) { return SetEvent(SharedEvent()); }
 
 }  // namespace
 
-StopSignal::StopSignal() {
-    SharedEvent();
-    SetConsoleCtrlHandler(OnControl, TRUE);
-}
+StopSignal::StopSignal() : event_(SharedEvent()) { SetConsoleCtrlHandler(OnControl, TRUE); }
 StopSignal::~StopSignal() { SetConsoleCtrlHandler(OnControl, FALSE); }
-
-HANDLE StopSignal::Event() const { return SharedEvent(); }
-bool StopSignal::Raised() const { return WaitForSingleObject(SharedEvent(), 0) == WAIT_OBJECT_0; }
 
 }  // namespace vintrel::host

@@ -12,8 +12,11 @@ class StopSignal {
     StopSignal(const StopSignal&) = delete;
     StopSignal& operator=(const StopSignal&) = delete;
 
-    HANDLE Event() const;
-    bool Raised() const;
+    HANDLE Event() const { return event_; }
+    bool Raised() const { return WaitForSingleObject(event_, 0) == WAIT_OBJECT_0; }
+
+ private:
+    HANDLE event_;
 };
 
 }  // namespace vintrel::host
