@@ -77,8 +77,7 @@ std::u16string_view Grandstream::CheckIn(const CheckInOrder& order) {
                  u"</account><language>", LanguageWord(kLanguages, order.language, u""), u"</language><firstname>",
                  order.name, u"</firstname><lastname></lastname><datein>", server::DecimalText(now.year),
                  server::TwoDigits(now.month), server::TwoDigits(now.day),
-                 u" 00:01</datein><dateout>23991231 23:59</dateout><cos>4</cos></checkin>"
-                 u"</pms_data_request>"}));
+                 u" 00:01</datein><dateout>23991231 23:59</dateout><cos>4</cos></checkin>", u"</pms_data_request>"}));
 }
 
 std::u16string_view Grandstream::CheckOut() {
