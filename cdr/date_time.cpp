@@ -18,8 +18,8 @@ std::optional<std::int64_t> SecondsOf(const server::DateTime& date_time) {
                               std::chrono::month(static_cast<unsigned>(date_time.month)),
                               std::chrono::day(static_cast<unsigned>(date_time.day)));
     if (!date.ok()) return std::nullopt;
-    const std::int64_t days = sys_days(date).time_since_epoch().count();
-    return ((days * 24 + date_time.hour) * 60 + date_time.minute) * 60 + date_time.second;
+    const std::int64_t day = sys_days(date).time_since_epoch().count();
+    return ((day * 24 + date_time.hour) * 60 + date_time.minute) * 60 + date_time.second;
 }
 
 std::optional<server::DateTime> DateTimeOf(std::int64_t seconds) {
