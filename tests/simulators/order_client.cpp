@@ -160,6 +160,18 @@ Words Split(const std::string& line) {
     return words;
 }
 
+/// What goes to the debugger output comes out on the error output, where the script looks for secrets.
+LONG CALLBACK ShowDebuggerOutput(EXCEPTION_POINTERS* pointers) {
+    constexpr DWORD kNarrow = 0x40010006;
+    constexpr DWORD kWide = 0x4001000A;
+    const EXCEPTION_RECORD& record = *pointers->ExceptionRecord;
+    if (record.ExceptionCode == kNarrow)
+        std::fprintf(stderr, "%s\n", reinterpret_cast<const char*>(record.ExceptionInformation[1]));
+    if (record.ExceptionCode == kWide)
+        std::fprintf(stderr, "%ls\n", reinterpret_cast<const wchar_t*>(record.ExceptionInformation[1]));
+    return EXCEPTION_CONTINUE_SEARCH;
+}
+
 /// "during<TAB>milliseconds<TAB>order..." names an order to come during the one of the next line.
 void Prepare(Words words) {
     const UINT after = static_cast<UINT>(std::wcstol(words.at(1).c_str(), nullptr, 10));
@@ -173,6 +185,9 @@ void Prepare(Words words) {
 int main(int count, char** arguments) {
     if (count != 2) return 2;
     CoInitialize(nullptr);
+    AddVectoredExceptionHandler(1, ShowDebuggerOutput);
+    OutputDebugStringA("narrow output is seen");
+    OutputDebugStringW(L"wide output is seen");
     HMODULE server = LoadLibraryA(arguments[1]);
     if (server == nullptr) Stop("load the server", static_cast<long>(GetLastError()));
     {

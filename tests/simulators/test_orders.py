@@ -53,7 +53,7 @@ class Host:
 
     def __init__(self, kind, port=0, environment=(), **addresses):
         self.type, self.folder = kind, settings_folder(port, **addresses)
-        settings = dict(os.environ, WINEDEBUG="-all,trace+debugstr", **dict(environment))
+        settings = dict(os.environ, **dict(environment))
         self.errors = open(os.path.join(self.folder, "errors"), "wb+")
         self.process = subprocess.Popen(["wine", CLIENT, windows(SERVER)], env=settings, stdin=subprocess.PIPE,
                                         stdout=subprocess.PIPE, stderr=self.errors)
@@ -89,6 +89,8 @@ class Host:
         expect(self.process.returncode, 0, "end of the host process")
         self.errors.seek(0)
         said = self.said + self.errors.read()
+        for sample in (b"narrow output is seen", b"wide output is seen"):
+            expect(sample in said, True, "debugger output that is looked through")
         for secret in (PASSWORD, TOKEN, base64.b64encode(f"{USER}:{PASSWORD}".encode()).decode()):
             expect(secret.encode() in said, False, "a secret in the output of the process")
 
