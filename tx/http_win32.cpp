@@ -51,7 +51,7 @@ struct Progress {
 /// Runs on any thread, also within a call of WinHTTP, and touches nothing but the progress.
 void CALLBACK OnStatus(HINTERNET /*handle*/, DWORD_PTR context, DWORD status, void* /*information*/,
                        DWORD length) noexcept {
-    auto* const progress = reinterpret_cast<std::shared_ptr<Progress>*>(context);
+    auto* const progress = reinterpret_cast<std::shared_ptr<Progress>*>(context);  // NOLINT(performance-no-int-to-ptr)
     if (progress == nullptr) return;
     switch (status) {
         case WINHTTP_CALLBACK_STATUS_SENDREQUEST_COMPLETE:
@@ -80,8 +80,8 @@ class HttpTransfer : public server::Transfer {
     bool Begin(const server::HttpRequest& settings) {
         // Handed to WinHTTP, and freed by the callback when the request is closed.
         auto context = std::make_unique<std::shared_ptr<Progress>>(progress_);
-        DWORD_PTR value = reinterpret_cast<DWORD_PTR>(context.get());
-        if (!WinHttpSetOption(request_.Get(), WINHTTP_OPTION_CONTEXT_VALUE, &value, sizeof value)) return false;
+        auto value = reinterpret_cast<DWORD_PTR>(context.get());
+        if (WinHttpSetOption(request_.Get(), WINHTTP_OPTION_CONTEXT_VALUE, &value, sizeof value) == FALSE) return false;
         constexpr DWORD kEvents = WINHTTP_CALLBACK_FLAG_ALL_COMPLETIONS | WINHTTP_CALLBACK_FLAG_HANDLES;
         if (WinHttpSetStatusCallback(request_.Get(), OnStatus, kEvents, 0) == WINHTTP_INVALID_STATUS_CALLBACK)
             return false;
@@ -92,8 +92,8 @@ class HttpTransfer : public server::Transfer {
         if (settings.ignored_certificate_errors != 0)
             SetOption(request_.Get(), WINHTTP_OPTION_SECURITY_FLAGS, settings.ignored_certificate_errors);
         const std::wstring header = server::WideCopy(settings.header);
-        if (!header.empty() &&
-            !WinHttpAddRequestHeaders(request_.Get(), header.c_str(), static_cast<DWORD>(-1), WINHTTP_ADDREQ_FLAG_ADD))
+        if (!header.empty() && WinHttpAddRequestHeaders(request_.Get(), header.c_str(), static_cast<DWORD>(-1),
+                                                        WINHTTP_ADDREQ_FLAG_ADD) == FALSE)
             return false;
         return Send();
     }
@@ -117,20 +117,23 @@ class HttpTransfer : public server::Transfer {
 
  private:
     bool Send() {
-        return WinHttpSendRequest(request_.Get(), WINHTTP_NO_ADDITIONAL_HEADERS, 0, WINHTTP_NO_REQUEST_DATA, 0, 0, 0);
+        return WinHttpSendRequest(request_.Get(), WINHTTP_NO_ADDITIONAL_HEADERS, 0, WINHTTP_NO_REQUEST_DATA, 0, 0, 0) !=
+               FALSE;
     }
 
     void Read() {
         available_ = taken_ = 0;
         const auto size = static_cast<DWORD>(progress_->buffer.size());
-        if (!WinHttpReadData(request_.Get(), progress_->buffer.data(), size, nullptr)) state_ = TransferState::Failed;
+        if (WinHttpReadData(request_.Get(), progress_->buffer.data(), size, nullptr) == FALSE)
+            state_ = TransferState::Failed;
     }
 
     /// Takes the next step, when WinHTTP has finished the last one.
     void Advance() {
         switch (progress_->completed.exchange(0, std::memory_order_acquire)) {
             case WINHTTP_CALLBACK_STATUS_SENDREQUEST_COMPLETE:
-                state_ = WinHttpReceiveResponse(request_.Get(), nullptr) ? TransferState::Open : TransferState::Failed;
+                state_ = WinHttpReceiveResponse(request_.Get(), nullptr) == FALSE ? TransferState::Failed
+                                                                                  : TransferState::Open;
                 break;
             case WINHTTP_CALLBACK_STATUS_HEADERS_AVAILABLE:
                 if (!AnswerChallenge()) Read();
@@ -149,19 +152,20 @@ class HttpTransfer : public server::Transfer {
         DWORD status = 0;
         DWORD size = sizeof status;
         if (challenged_ ||
-            !WinHttpQueryHeaders(request_.Get(), WINHTTP_QUERY_STATUS_CODE | WINHTTP_QUERY_FLAG_NUMBER,
-                                 WINHTTP_HEADER_NAME_BY_INDEX, &status, &size, WINHTTP_NO_HEADER_INDEX) ||
+            WinHttpQueryHeaders(request_.Get(), WINHTTP_QUERY_STATUS_CODE | WINHTTP_QUERY_FLAG_NUMBER,
+                                WINHTTP_HEADER_NAME_BY_INDEX, &status, &size, WINHTTP_NO_HEADER_INDEX) == FALSE ||
             status != HTTP_STATUS_DENIED)
             return false;
         challenged_ = true;
         DWORD schemes = 0;
         DWORD first = 0;
         DWORD target = 0;
-        if (!WinHttpQueryAuthSchemes(request_.Get(), &schemes, &first, &target)) return false;
+        if (WinHttpQueryAuthSchemes(request_.Get(), &schemes, &first, &target) == FALSE) return false;
         const DWORD scheme =
             (schemes & WINHTTP_AUTH_SCHEME_DIGEST) != 0 ? WINHTTP_AUTH_SCHEME_DIGEST : WINHTTP_AUTH_SCHEME_BASIC;
         if (target != WINHTTP_AUTH_TARGET_SERVER || (schemes & scheme) == 0) return false;
-        return WinHttpSetCredentials(request_.Get(), target, scheme, user_.c_str(), password_.c_str(), nullptr) &&
+        return WinHttpSetCredentials(request_.Get(), target, scheme, user_.c_str(), password_.c_str(), nullptr) !=
+                   FALSE &&
                Send();
     }
 

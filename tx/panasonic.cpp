@@ -1,6 +1,7 @@
 #include "tx/panasonic.h"
 
 #include <algorithm>
+#include <span>
 
 #include "server/control_characters.h"
 #include "server/text.h"
@@ -48,10 +49,10 @@ void DeviceBlock::SetNameLength(std::uint32_t length) {
 }
 
 void DeviceBlock::SetNameBytes(std::string_view bytes) {
-    const auto name = bytes_.begin() + 36;
-    std::fill(name, bytes_.end(), std::byte{0});
-    std::transform(bytes.begin(), bytes.begin() + static_cast<std::ptrdiff_t>(std::min(bytes.size(), kNameBytes)), name,
-                   [](char byte) { return static_cast<std::byte>(byte); });
+    const std::span<std::byte> name = std::span<std::byte>(bytes_).last(kNameBytes);
+    std::fill(name.begin(), name.end(), std::byte{0});
+    std::transform(bytes.begin(), bytes.begin() + static_cast<std::ptrdiff_t>(std::min(bytes.size(), kNameBytes)),
+                   name.begin(), [](char byte) { return static_cast<std::byte>(byte); });
 }
 
 template <typename Requests>

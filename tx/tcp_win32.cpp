@@ -56,11 +56,11 @@ class Lookup {
         }
         // The thread runs code of this module and keeps it loaded meanwhile.
         HMODULE module = nullptr;
-        if (!GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS, reinterpret_cast<const wchar_t*>(&OnThread),
-                                &module))
+        if (GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS, reinterpret_cast<const wchar_t*>(&OnThread),
+                               &module) == FALSE)
             return false;
         auto order = std::make_unique<Order>(lookup, module);
-        const HANDLE thread = CreateThread(nullptr, 0, OnThread, order.get(), 0, nullptr);
+        HANDLE thread = CreateThread(nullptr, 0, OnThread, order.get(), 0, nullptr);
         if (thread == nullptr) {
             FreeLibrary(module);
             return false;

@@ -14,7 +14,7 @@ constexpr DWORD kApiVersion = 0x30000;
 
 template <typename Function>
 bool Find(HMODULE library, const char* name, Function*& function) {
-    const FARPROC found = GetProcAddress(library, name);
+    FARPROC found = GetProcAddress(library, name);
     std::memcpy(&function, &found, sizeof function);
     return function != nullptr;
 }
