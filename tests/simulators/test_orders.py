@@ -8,6 +8,7 @@ import base64
 import concurrent.futures
 import hashlib
 import os
+import shutil
 import struct
 import subprocess
 import sys
@@ -466,7 +467,8 @@ def run(scenario):
 
 
 def main():
-    os.makedirs(FOLDER, exist_ok=True)
+    shutil.rmtree(FOLDER, ignore_errors=True)
+    os.makedirs(FOLDER)
     for expired in (False, True):
         make_certificate(FOLDER, expired)
     wanted = [s for s in SCENARIOS if len(sys.argv) < 6 or sys.argv[5] in s.__name__]
