@@ -1,7 +1,7 @@
 """Orders of the four driven exchanges through the server's COM classes, against exchanges that work and that fail.
 
 usage: test_orders.py ORDER_CLIENT VINTREL_DLL VINTREL_HOST WORK_FOLDER [PART_OF_A_SCENARIO_NAME]
-Needs wine in the path and its prefix in WINEPREFIX. Scenarios run side by side, each with a host process of its own;
+WORK_FOLDER is emptied first. Needs wine in the path and its prefix in WINEPREFIX. Scenarios run side by side, each with a host process of its own;
 the time from an order to its verdict is measured in that process.
 """
 import base64
