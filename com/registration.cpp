@@ -51,7 +51,9 @@ class ClassesRoot {
         DWORD values = 0;
     };
 
-    static std::wstring Path(const std::wstring& key) { return L"Software\\Classes\\" + key; }
+    static std::wstring Path(const std::wstring& key) {
+        return key.empty() ? L"Software\\Classes" : L"Software\\Classes\\" + key;
+    }
 
     KeyCounts Counts(const std::wstring& key) const {
         KeyCounts counts{.subkeys = 0, .values = 0};
@@ -137,7 +139,7 @@ HRESULT Unregister(Scope scope) {
     DeleteTypeLibrary(root, GuidText(LIBID_Vintrel));
     // A user's branch may have had none of these before.
     if (scope == Scope::User)
-        for (const wchar_t* parent : {L"CLSID", L"Interface", L"TypeLib"}) root.DeleteIfEmpty(parent);
+        for (const wchar_t* parent : {L"CLSID", L"Interface", L"TypeLib", L""}) root.DeleteIfEmpty(parent);
     return root.Result();
 }
 

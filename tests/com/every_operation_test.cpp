@@ -1,0 +1,119 @@
+// Every operation of the type library with every code: none may crash, hang, or fail in a way that no rule knows.
+#include <gtest/gtest.h>
+
+#include <vector>
+
+#include "client.h"
+#include "message_box_watcher.h"
+
+namespace vintrel::testing {
+namespace {
+
+/// A failed call with one of the classic error numbers.
+bool IsRuled(HRESULT result) { return (static_cast<ULONG>(result) & 0xFFFF0000) == 0x800A0000; }
+
+std::vector<std::wstring> Codes() {
+    std::vector<std::wstring> codes;
+    for (int i = 10001; i <= 10020; ++i) codes.push_back(L"TYPE" + std::to_wstring(i));
+    for (const wchar_t* other : {L"TYPE12000", L"type10014", L"TYPE99999", L" TYPE10001"}) codes.emplace_back(other);
+    return codes;
+}
+
+struct Parameter {
+    std::wstring name;
+    VARTYPE type;
+};
+
+struct FoundOperation {
+    std::wstring name;
+    std::vector<Parameter> parameters;
+    bool takes_code = false;
+};
+
+std::vector<FoundOperation> OperationsOf(IDispatch* object) {
+    std::vector<FoundOperation> operations;
+    Ref<ITypeInfo> info;
+    object->GetTypeInfo(0, LOCALE_NEUTRAL, info.Out());
+    TYPEATTR* attributes = nullptr;
+    info->GetTypeAttr(&attributes);
+    const UINT count = attributes->cFuncs;
+    info->ReleaseTypeAttr(attributes);
+    for (UINT i = 0; i < count; ++i) {
+        FUNCDESC* function = nullptr;
+        info->GetFuncDesc(i, &function);
+        if (function->memid > 0 && function->memid < 1000) {  // those of IUnknown and IDispatch are listed, too
+            BSTR names[9] = {};
+            UINT found = 0;
+            info->GetNames(function->memid, names, 9, &found);
+            FoundOperation operation;
+            for (UINT n = 0; n < found; ++n) {
+                const std::wstring name(names[n], SysStringLen(names[n]));
+                SysFreeString(names[n]);
+                if (n == 0)
+                    operation.name = name;
+                else
+                    operation.parameters.push_back({name, function->lprgelemdescParam[n - 1].tdesc.lptdesc->vt});
+                operation.takes_code = operation.takes_code || name == L"TypeX";
+            }
+            operations.push_back(operation);
+        }
+        info->ReleaseFuncDesc(function);
+    }
+    return operations;
+}
+
+HRESULT Invoked(IDispatch* object, const FoundOperation& operation, const std::wstring& code,
+                const std::wstring& text) {
+    wchar_t folder[MAX_PATH] = {};
+    GetTempPathW(MAX_PATH, folder);
+    std::vector<Variant> variables;
+    for (const Parameter& parameter : operation.parameters) {
+        if (parameter.type == VT_BSTR && (parameter.name == L"TypeX" || parameter.name == L"PABXType"))
+            variables.emplace_back(code.c_str());
+        else if (parameter.name == L"DirX")
+            variables.emplace_back(folder);
+        else if (parameter.type == VT_BSTR)
+            variables.emplace_back(text.c_str());
+        else
+            variables.push_back(Variant::Of(parameter.type));
+    }
+    std::vector<VARIANT> arguments;
+    for (auto variable = variables.rbegin(); variable != variables.rend(); ++variable)
+        arguments.push_back(Variant::To(*variable));
+    DISPPARAMS parameters = {arguments.data(), nullptr, static_cast<UINT>(arguments.size()), 0};
+    auto* name = const_cast<LPOLESTR>(operation.name.c_str());  // NOLINT: only read
+    DISPID id = DISPID_UNKNOWN;
+    object->GetIDsOfNames(IID_NULL, &name, 1, LOCALE_NEUTRAL, &id);
+    Variant answer;
+    EXCEPINFO exception = {};
+    const HRESULT result =
+        object->Invoke(id, IID_NULL, LOCALE_NEUTRAL, DISPATCH_METHOD, &parameters, &answer, &exception, nullptr);
+    SysFreeString(exception.bstrSource);
+    SysFreeString(exception.bstrDescription);
+    return result == DISP_E_EXCEPTION ? exception.scode : result;
+}
+
+TEST(EveryOperation, AnswersOrFailsByARule) {
+    MessageBoxWatcher watcher;  // unknown codes are reported
+    const Ref<IDispatch> options = Create(L"Vintrel.SetServerOptions");
+    Call(options.Get(), L"SetAllUserCommonDocumentsDirA", {Variant(L"C:\\")});
+    std::size_t calls = 0;
+    for (const wchar_t* prog_id :
+         {L"Vintrel.ServerInfo", L"Vintrel.SetServerOptions", L"Vintrel.ComProgramSet", L"Vintrel.ServiceEnabled",
+          L"Vintrel.ComEventsTX", L"Vintrel.ComEventsRX", L"Vintrel.ComGdvFilter", L"Vintrel.PMSEvents"}) {
+        const Ref<IDispatch> object = Create(prog_id);
+        ASSERT_TRUE(object);
+        for (const FoundOperation& operation : OperationsOf(object.Get())) {
+            for (const std::wstring& code : operation.takes_code ? Codes() : std::vector<std::wstring>{L"TYPE10001"}) {
+                const HRESULT result = Invoked(object.Get(), operation, code, L"0730");
+                EXPECT_TRUE(result == S_OK || IsRuled(result))
+                    << operation.name.c_str() << ' ' << code.c_str() << ' ' << std::hex << result;
+                ++calls;
+            }
+        }
+    }
+    EXPECT_GT(calls, 60U * 25U);
+}
+
+}  // namespace
+}  // namespace vintrel::testing

@@ -1,0 +1,83 @@
+// The DLL as a file: what it needs, what it offers, how it may be loaded.
+#include <gtest/gtest.h>
+
+#include <set>
+#include <vector>
+
+#include "client.h"
+
+namespace vintrel::testing {
+namespace {
+
+constexpr ULONGLONG kLargestSize = 400 * 1024;
+
+class Library : public ::testing::Test {
+ protected:
+    Library() : module_(LoadLibraryW(Path().c_str())) {}
+    ~Library() override { FreeLibrary(module_); }
+
+    static std::wstring Path() { return ProgramFolder() + L"\\Vintrel.dll"; }
+    template <typename Type>
+    const Type* At(DWORD offset) const {
+        return reinterpret_cast<const Type*>(reinterpret_cast<const char*>(module_) + offset);
+    }
+    const IMAGE_OPTIONAL_HEADER& Header() const {
+        return At<IMAGE_NT_HEADERS>(static_cast<DWORD>(At<IMAGE_DOS_HEADER>(0)->e_lfanew))->OptionalHeader;
+    }
+
+    HMODULE module_;
+};
+
+TEST_F(Library, NeedsNothingButWindows) {
+    const std::set<std::string> system = {"advapi32", "comctl32", "gdi32",  "kernel32", "msvcrt",  "ole32",
+                                          "oleaut32", "shell32",  "tapi32", "user32",   "winhttp", "ws2_32"};
+    const auto* import =
+        At<IMAGE_IMPORT_DESCRIPTOR>(Header().DataDirectory[IMAGE_DIRECTORY_ENTRY_IMPORT].VirtualAddress);
+    ASSERT_NE(import->Name, 0U);
+    for (; import->Name; ++import) {
+        std::string name = At<char>(import->Name);
+        name = name.substr(0, name.find('.'));
+        for (char& letter : name) letter = static_cast<char>(tolower(letter));
+        EXPECT_EQ(system.count(name), 1U) << name;
+    }
+}
+
+TEST_F(Library, OffersTheFiveExportsUndecorated) {
+    const auto* exports =
+        At<IMAGE_EXPORT_DIRECTORY>(Header().DataDirectory[IMAGE_DIRECTORY_ENTRY_EXPORT].VirtualAddress);
+    std::set<std::string> names;
+    for (DWORD i = 0; i < exports->NumberOfNames; ++i) names.insert(At<char>(At<DWORD>(exports->AddressOfNames)[i]));
+    EXPECT_EQ(names, (std::set<std::string>{"DllCanUnloadNow", "DllGetClassObject", "DllInstall", "DllRegisterServer",
+                                            "DllUnregisterServer"}));
+}
+
+TEST_F(Library, MayBeLoadedAnywhereAndRunsNoData) {
+    const WORD flags = Header().DllCharacteristics;
+    EXPECT_TRUE(flags & IMAGE_DLLCHARACTERISTICS_DYNAMIC_BASE);
+    EXPECT_TRUE(flags & IMAGE_DLLCHARACTERISTICS_NX_COMPAT);
+    EXPECT_NE(Header().DataDirectory[IMAGE_DIRECTORY_ENTRY_BASERELOC].Size, 0U);
+}
+
+TEST_F(Library, IsSmall) {
+    WIN32_FILE_ATTRIBUTE_DATA attributes = {};
+    ASSERT_TRUE(GetFileAttributesExW(Path().c_str(), GetFileExInfoStandard, &attributes));
+    EXPECT_LT(attributes.nFileSizeLow, kLargestSize);
+}
+
+TEST_F(Library, SaysItsVersionToWindowsAsToTheHost) {
+    DWORD ignored = 0;
+    std::vector<char> information(GetFileVersionInfoSizeW(Path().c_str(), &ignored));
+    ASSERT_TRUE(GetFileVersionInfoW(Path().c_str(), 0, static_cast<DWORD>(information.size()), information.data()));
+    VS_FIXEDFILEINFO* fixed = nullptr;
+    UINT length = 0;
+    ASSERT_TRUE(VerQueryValueW(information.data(), L"\\", reinterpret_cast<void**>(&fixed), &length));
+    EXPECT_EQ(HIWORD(fixed->dwFileVersionMS), 2);
+    EXPECT_EQ(LOWORD(fixed->dwFileVersionMS), 841);
+    wchar_t* text = nullptr;
+    ASSERT_TRUE(VerQueryValueW(information.data(), L"\\StringFileInfo\\040904B0\\FileVersion",
+                               reinterpret_cast<void**>(&text), &length));
+    EXPECT_EQ(Call(Create(L"Vintrel.ServerInfo").Get(), L"GetServerVersion", {}).answer.Str(), text);
+}
+
+}  // namespace
+}  // namespace vintrel::testing

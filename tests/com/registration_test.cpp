@@ -1,0 +1,142 @@
+// Registration for the machine and for the user, and use without it.
+#include <gtest/gtest.h>
+
+#include <cstdio>
+#include <map>
+#include <vector>
+
+#include "Vintrel.h"
+#include "client.h"
+#include "server_control.h"
+
+namespace vintrel::testing {
+namespace {
+
+using Snapshot = std::map<std::wstring, std::wstring>;
+
+/// Every key below, with the names and the texts of its values.
+void Read(HKEY root, const std::wstring& path, Snapshot& snapshot) {
+    HKEY key = nullptr;
+    if (RegOpenKeyExW(root, path.c_str(), 0, KEY_READ, &key) != ERROR_SUCCESS) return;
+    std::wstring& values = snapshot[path];
+    wchar_t name[512];
+    wchar_t data[512];
+    for (DWORD i = 0;; ++i) {
+        DWORD name_length = 512;
+        DWORD data_length = sizeof data;
+        if (RegEnumValueW(key, i, name, &name_length, nullptr, nullptr, reinterpret_cast<BYTE*>(data), &data_length) ==
+            ERROR_NO_MORE_ITEMS)
+            break;
+        values += std::wstring(name, name_length) + L"=" + std::wstring(data, data_length / sizeof(wchar_t)) + L";";
+    }
+    for (DWORD i = 0;; ++i) {
+        DWORD name_length = 512;
+        if (RegEnumKeyExW(key, i, name, &name_length, nullptr, nullptr, nullptr, nullptr) != ERROR_SUCCESS) break;
+        Read(root, path + L"\\" + std::wstring(name, name_length), snapshot);
+    }
+    RegCloseKey(key);
+}
+
+Snapshot ClassesOf(HKEY root) {
+    Snapshot snapshot;
+    Read(root, L"Software\\Classes", snapshot);
+    return snapshot;
+}
+
+/// The exit code of regsvr32 with these arguments and the DLL.
+DWORD Regsvr32(const std::wstring& arguments) {
+    std::wstring command = L"regsvr32.exe /s " + arguments + L" \"" + ProgramFolder() + L"\\Vintrel.dll\"";
+    STARTUPINFOW startup = {};
+    startup.cb = sizeof startup;
+    PROCESS_INFORMATION process = {};
+    if (!CreateProcessW(nullptr, command.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup, &process))
+        return 0xFFFF;
+    WaitForSingleObject(process.hProcess, 30'000);
+    DWORD code = 0xFFFF;
+    GetExitCodeProcess(process.hProcess, &code);
+    CloseHandle(process.hThread);
+    CloseHandle(process.hProcess);
+    return code;
+}
+
+/// The program registered the server before its tests; each of these ends with the server registered.
+class Registration : public ::testing::Test {
+ protected:
+    ~Registration() override { CallExport("DllRegisterServer"); }
+};
+
+TEST_F(Registration, LeavesTheRegistryAsItWasWhenItIsTakenBack) {
+    ASSERT_EQ(Regsvr32(L"/u"), 0U);
+    const Snapshot before = ClassesOf(HKEY_LOCAL_MACHINE);
+    for (const auto& [path, values] : before) EXPECT_EQ(path.find(L"Vintrel"), std::wstring::npos);
+    ASSERT_FALSE(Create(L"Vintrel.ServerInfo"));
+
+    ASSERT_EQ(Regsvr32(L""), 0U);
+    EXPECT_NE(ClassesOf(HKEY_LOCAL_MACHINE), before);
+    EXPECT_TRUE(Create(L"Vintrel.ServerInfo"));
+    Ref<ITypeLib> library;
+    EXPECT_EQ(LoadRegTypeLib(LIBID_Vintrel, 1, 0, 0, library.Out()), S_OK);
+    library.Reset();
+
+    ASSERT_EQ(Regsvr32(L"/u"), 0U);
+    EXPECT_EQ(ClassesOf(HKEY_LOCAL_MACHINE), before);
+    EXPECT_EQ(Regsvr32(L"/u"), 0U);  // what is not there is no failure
+}
+
+TEST_F(Registration, OfTheUserTouchesTheUsersKeysOnly) {
+    ASSERT_EQ(CallExport("DllUnregisterServer"), S_OK);
+    const Snapshot machine = ClassesOf(HKEY_LOCAL_MACHINE);
+    CallInstall(false, L"user");  // what an earlier run may have left
+    const Snapshot before = ClassesOf(HKEY_CURRENT_USER);
+    ASSERT_EQ(Regsvr32(L"/n /i:user"), 0U);
+    Snapshot user = ClassesOf(HKEY_CURRENT_USER);
+    EXPECT_EQ(ClassesOf(HKEY_LOCAL_MACHINE), machine);
+    wchar_t clsid[39] = {};
+    StringFromGUID2(CLSID_PMSEvents, clsid, 39);
+    const std::wstring key = std::wstring(L"Software\\Classes\\CLSID\\") + clsid + L"\\InprocServer32";
+    EXPECT_NE(user[key].find(L"Vintrel.dll"), std::wstring::npos);
+    EXPECT_NE(user[key].find(L"ThreadingModel=Apartment"), std::wstring::npos);
+    ASSERT_EQ(Regsvr32(L"/u /n /i:user"), 0U);
+    EXPECT_EQ(ClassesOf(HKEY_CURRENT_USER), before);
+}
+
+TEST_F(Registration, IsNotNeededWithTheManifest) {
+    ASSERT_EQ(CallExport("DllUnregisterServer"), S_OK);
+    const std::wstring path = ProgramFolder() + L"\\client.manifest";
+    FILE* file = _wfopen(path.c_str(), L"w");
+    ASSERT_TRUE(file);
+    std::fprintf(file,
+                 "<assembly xmlns='urn:schemas-microsoft-com:asm.v1' manifestVersion='1.0'>"
+                 "<assemblyIdentity type='win32' name='client' version='1.0.0.0'/>"
+                 "<dependency><dependentAssembly><assemblyIdentity type='win32' name='Vintrel.Server' "
+                 "version='2.841.0.0' processorArchitecture='%s'/></dependentAssembly></dependency></assembly>",
+                 sizeof(void*) == 8 ? "amd64" : "x86");
+    std::fclose(file);
+
+    ACTCTXW context = {};
+    context.cbSize = sizeof context;
+    context.lpSource = path.c_str();
+    HANDLE handle = CreateActCtxW(&context);
+    ASSERT_NE(handle, INVALID_HANDLE_VALUE);
+    ULONG_PTR cookie = 0;
+    ASSERT_TRUE(ActivateActCtx(handle, &cookie));
+    // Every class of the type library is in the manifest, under its ProgID.
+    const Ref<ITypeLib> library = TypeLibrary();
+    int classes = 0;
+    for (UINT i = 0; i < library->GetTypeInfoCount(); ++i) {
+        TYPEKIND kind = {};
+        library->GetTypeInfoType(i, &kind);
+        if (kind != TKIND_COCLASS) continue;
+        Text name;
+        library->GetDocumentation(static_cast<INT>(i), name.Var(), nullptr, nullptr, nullptr);
+        EXPECT_TRUE(Create((L"Vintrel." + name.Str()).c_str())) << name.Str().c_str();
+        ++classes;
+    }
+    EXPECT_EQ(classes, 8);
+    DeactivateActCtx(0, cookie);
+    ReleaseActCtx(handle);
+    DeleteFileW(path.c_str());
+}
+
+}  // namespace
+}  // namespace vintrel::testing

@@ -1,0 +1,40 @@
+// The server from JScript, which passes every argument by value.
+var failed = 0;
+
+function check(what, actual, expected) {
+    if (actual !== expected) {
+        failed++;
+        WScript.Echo(what + ": " + actual + " instead of " + expected);
+    }
+}
+
+var names = ["ServerInfo", "SetServerOptions", "ComProgramSet", "ServiceEnabled", "ComEventsTX", "ComEventsRX",
+             "ComGdvFilter", "PMSEvents"];
+var objects = {};
+for (var i = 0; i < names.length; i++) objects[names[i]] = new ActiveXObject("Vintrel." + names[i]);
+
+var code = "type10017";
+check("name", objects.ServerInfo.GetPabxTypeName(code), "Avaya - IP Office");
+check("a value stays", code, "type10017");
+check("undefined", objects.ServerInfo.GetPabxTypeName(undefined), "type not found");
+check("number", objects.ServiceEnabled.GetClockDateEnabled("TYPE10012"), 2);
+check("layout", objects.ComGdvFilter.GetGdvRealStringLen(), 87);
+check("record", objects.ComEventsRX.GetComConvertStringRX("TYPE10009", "x").length > 0, true);
+
+var number = 0;
+try {
+    objects.PMSEvents.GetPMS_ColumnData("GI|RN12", "|RN");
+} catch (failure) {
+    number = failure.number & 0xFFFF;
+}
+check("error number", number, 5);
+
+var refused = false;
+try {
+    objects.ServerInfo.GetPabxTypeName(null);
+} catch (failure) {
+    refused = true;
+}
+check("null is refused", refused, true);
+
+if (failed === 0) WScript.Echo("END");
