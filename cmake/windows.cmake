@@ -50,14 +50,14 @@ set_source_files_properties(com/Vintrel.rc PROPERTIES
 target_link_options(Vintrel PRIVATE
   -Wl,--kill-at,--enable-stdcall-fixup,--gc-sections,--dynamicbase,--nxcompat,--image-base=${image_base})
 
-# Small where nobody waits, fast where every call record and every late-bound call passes.
+# Small where nobody waits, fast where every call record passes. The server's objects live on one thread.
 set(release $<AND:$<COMPILE_LANGUAGE:CXX>,$<CONFIG:Release>>)
 foreach(part vintrel_core vintrel_edge Vintrel)
-  target_compile_options(${part} PRIVATE $<${release}:-g1 -Os -fno-asynchronous-unwind-tables -ffunction-sections -fdata-sections>)
+  target_compile_options(${part} PRIVATE
+    $<${release}:-g1 -Os -fno-asynchronous-unwind-tables -ffunction-sections -fdata-sections -fno-threadsafe-statics>)
 endforeach()
 file(GLOB fast_sources CONFIGURE_DEPENDS cdr/*.cpp)
-list(APPEND fast_sources server/text.cpp server/catalogue.cpp server/type_code.cpp
-  com/com_events_rx.cpp com/late_binding.cpp com/arguments.cpp)
+list(APPEND fast_sources server/text.cpp server/catalogue.cpp server/type_code.cpp)
 set_property(SOURCE ${fast_sources} APPEND PROPERTY COMPILE_OPTIONS $<$<CONFIG:Release>:-O2>)
 
 # The symbols stay beside the DLL that ships.

@@ -141,10 +141,4 @@ HRESULT AnswerOperation(const ClassEntry& entry, Result* result, Returned (*core
                       std::make_index_sequence<sizeof...(Parameters) - sizeof...(Given)>(), given...);
 }
 
-/// Stands where the core function of an operation does not exist yet.
-template <typename... Pointers>
-HRESULT NotBuiltYet(Pointers*...) noexcept {
-    return E_NOTIMPL;
-}
-
 }  // namespace vintrel::com
