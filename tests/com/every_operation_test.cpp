@@ -112,7 +112,9 @@ TEST(EveryOperation, AnswersOrFailsByARule) {
             }
         }
     }
-    EXPECT_GT(calls, 60U * 25U);
+    EXPECT_GT(calls, 60U * 24U);
+    // One of them showed the list window, which stays for the operator.
+    SendMessageW(FindWindowW(L"SupportList", nullptr), WM_CLOSE, 0, 0);
 }
 
 }  // namespace
