@@ -61,13 +61,15 @@ class InputFile {
  public:
     /// @throws Failure when it cannot be opened.
     explicit InputFile(const std::string& name);
-    /// Fewer bytes than asked for where a pipe gives no more now; none at the end.
+    /// At most `count` bytes, fewer where a pipe gives no more now; 0 at the end.
+    std::size_t ReadTo(char* buffer, std::size_t count);
+    /// The next piece; empty at the end.
     std::string_view Read();
+    static constexpr std::size_t kPiece = 1024 * 1024;
     /// Of a file; 0 of a pipe.
     std::uint64_t Size() const { return size_; }
 
  private:
-    static constexpr std::size_t kPiece = 1024 * 1024;
     std::string name_;
     Handle file_;
     bool standard_input_ = false;

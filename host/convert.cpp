@@ -172,10 +172,11 @@ ExitCode Run(const Options& options) {
     Conversion conversion(server, model, format, options.Has("--verbose"), output);
     {
         Progress progress(input.Size());
-        for (std::string_view bytes = input.Read(); !bytes.empty(); bytes = input.Read()) {
-            cutter.Push(bytes);
+        const auto fill = [&] { return input.ReadTo(cutter.Room(InputFile::kPiece), InputFile::kPiece); };
+        for (std::size_t count = fill(); count > 0; count = fill()) {
+            cutter.Filled(count);
             while (const auto piece = cutter.Next()) conversion.Take(*piece);
-            progress.Add(bytes.size(), conversion.counts.frames);
+            progress.Add(count, conversion.counts.frames);
         }
     }
     conversion.Leave(cutter.Rest());

@@ -37,33 +37,40 @@ std::size_t Behind(std::string_view text, std::string_view mark, std::size_t fro
 
 FrameCutter::FrameCutter(Framing framing) : framing_(std::move(framing)) {}
 
-void FrameCutter::Push(std::string_view bytes) {
-    buffer_.erase(0, begin_);
+char* FrameCutter::Room(std::size_t count) {
+    std::copy(buffer_.data() + begin_, buffer_.data() + end_, buffer_.data());
+    end_ -= begin_;
     scanned_ -= begin_;
     begin_ = 0;
-    buffer_.append(bytes);
+    if (buffer_.size() < end_ + count) buffer_.resize(end_ + count);
+    return buffer_.data() + end_;
+}
+
+void FrameCutter::Push(std::string_view bytes) {
+    std::copy(bytes.begin(), bytes.end(), Room(bytes.size()));
+    Filled(bytes.size());
 }
 
 void FrameCutter::Take(std::size_t count) {
-    begin_ = std::min(begin_ + count, buffer_.size());
+    begin_ = std::min(begin_ + count, end_);
     scanned_ = begin_;
 }
 
 std::size_t FrameCutter::FindEnd(std::size_t from) const {
-    const std::size_t first = Behind(buffer_, framing_.end, from);
-    const std::size_t second = Behind(buffer_, framing_.end2, from);
+    const std::size_t first = Behind(Text(), framing_.end, from);
+    const std::size_t second = Behind(Text(), framing_.end2, from);
     return std::min(first, second);
 }
 
 FrameCutter::Piece FrameCutter::Cut(Kind kind, std::size_t end) {
-    const Piece piece{kind, std::string_view(buffer_).substr(begin_, end - begin_)};
+    const Piece piece{kind, Text().substr(begin_, end - begin_)};
     begin_ = end;
     scanned_ = end;
     return piece;
 }
 
 std::optional<FrameCutter::Piece> FrameCutter::Next() {
-    while (begin_ < buffer_.size()) {
+    while (begin_ < end_) {
         if (!framing_.start.empty()) return NextBetweenMarks();
         const std::size_t end = FindEnd(scanned_);
         if (end != kNone) {
@@ -72,8 +79,8 @@ std::optional<FrameCutter::Piece> FrameCutter::Next() {
             continue;
         }
         const std::size_t overlap = std::max(framing_.end.size(), framing_.end2.size());
-        scanned_ = std::max(begin_, buffer_.size() - std::min(overlap, buffer_.size()));
-        if (buffer_.size() - begin_ <= framing_.limit) return std::nullopt;
+        scanned_ = std::max(begin_, end_ - std::min(overlap, end_));
+        if (end_ - begin_ <= framing_.limit) return std::nullopt;
         const Piece piece = Cut(Kind::Overlong, scanned_);
         if (!std::exchange(skipping_, true)) return piece;
     }
@@ -81,18 +88,18 @@ std::optional<FrameCutter::Piece> FrameCutter::Next() {
 }
 
 std::optional<FrameCutter::Piece> FrameCutter::NextBetweenMarks() {
-    const std::size_t start = buffer_.find(framing_.start, begin_);
-    if (start != begin_) return Cut(Kind::Loose, std::min(start, buffer_.size()));
+    const std::size_t start = Text().find(framing_.start, begin_);
+    if (start != begin_) return Cut(Kind::Loose, std::min(start, end_));
     const std::size_t end = FindEnd(std::max(scanned_, begin_));
-    const std::size_t again = buffer_.find(framing_.start, begin_ + framing_.start.size());
-    if (again < std::min(end, buffer_.size())) {
+    const std::size_t again = Text().find(framing_.start, begin_ + framing_.start.size());
+    if (again < std::min(end, end_)) {
         // A check character that happens to be the start character is noise, not a frame that broke.
         return Cut(again == begin_ + framing_.start.size() ? Kind::Loose : Kind::Broken, again);
     }
     if (end != kNone) return Cut(Kind::Frame, end);
-    scanned_ = std::max(begin_, buffer_.size() - std::min(framing_.end.size(), buffer_.size()));
-    if (buffer_.size() - begin_ <= framing_.limit) return std::nullopt;
-    return Cut(Kind::Overlong, buffer_.size());
+    scanned_ = std::max(begin_, end_ - std::min(framing_.end.size(), end_));
+    if (end_ - begin_ <= framing_.limit) return std::nullopt;
+    return Cut(Kind::Overlong, end_);
 }
 
 }  // namespace vintrel::host

@@ -35,11 +35,15 @@ class FrameCutter {
     explicit FrameCutter(Framing framing);
 
     void Push(std::string_view bytes);
+    /// The same without a copy: room for at most `count` bytes, of which Filled says how many have come.
+    char* Room(std::size_t count);
+    void Filled(std::size_t count) { end_ += count; }
+
     /// The next piece, in the order of the bytes; nothing when what is left may still become a frame.
     std::optional<Piece> Next();
 
     /// What has come of a frame that has not ended yet.
-    std::string_view Rest() const { return std::string_view(buffer_).substr(begin_); }
+    std::string_view Rest() const { return Text().substr(begin_); }
     /// Takes bytes from the front of the rest, such as a login prompt, which ends with no end string.
     void Take(std::size_t count);
 
@@ -48,9 +52,12 @@ class FrameCutter {
     std::size_t FindEnd(std::size_t from) const;
     Piece Cut(Kind kind, std::size_t end);
 
+    std::string_view Text() const { return std::string_view(buffer_).substr(0, end_); }
+
     Framing framing_;
     std::string buffer_;
     std::size_t begin_ = 0;    ///< of what has not been given out
+    std::size_t end_ = 0;      ///< of the bytes in the buffer
     std::size_t scanned_ = 0;  ///< up to here there is no end string
     bool skipping_ = false;    ///< behind an overlong frame
 };
