@@ -96,14 +96,8 @@ bool IsGroupLeg(const QuotedFields& row) {
            UpperEquals(row[kDContext], u"EXT-GROUP") || (group_application && !server::IsDigits(row[kDstChannelExt]));
 }
 
-/// The first 16 characters in upper case.
 void AssignUpperParty(GdvSlot<kNumber>& slot, std::u16string_view party) {
-    InlineText<kNumber.length> upper;
-    for (const char16_t character : server::Left(party, kNumber.length)) {
-        const char16_t letter = server::Upper(character);
-        upper.Append(std::u16string_view(&letter, 1));
-    }
-    AssignParty(slot, upper);
+    AssignParty(slot, party, [](char16_t c) { return server::Upper(c); });
 }
 
 void FillOutgoing(const QuotedFields& row, bool continued, GdvSlots& slots) {

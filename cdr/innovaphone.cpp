@@ -85,8 +85,7 @@ std::u16string_view FirstRoom(std::initializer_list<std::u16string_view> parties
 }
 
 void AssignNumberOf(GdvSlot<kNumber>& slot, std::u16string_view party) {
-    const std::u16string_view cut = server::Left(party, kNumber.length);
-    AssignParty(slot, ReplaceCharacter<kNumber.length>(cut, u'+', server::kBlank));
+    AssignParty(slot, party, [](char16_t c) { return c == u'+' ? server::kBlank : c; });
 }
 
 void FillIncoming(const Leg& leg, GdvSlots& slots) {

@@ -10,8 +10,18 @@ namespace {
 
 // In the order of InnovaphoneKey.
 constexpr std::array<std::u16string_view, 13> kNames{
-    u"event",    u"ref",      u"src_if",       u"dst_if",    u"src_cgpn", u"src_dgpn", u"src_cdpn",
-    u"dst_cgpn", u"dst_cdpn", u"connect_time", u"disc_time", u"date",     u"srv_id"};
+    u"ref",      u"date",     u"event",    u"src_if",   u"dst_if",    u"srv_id",      u"src_cgpn",
+    u"src_dgpn", u"src_cdpn", u"dst_cgpn", u"dst_cdpn", u"disc_time", u"connect_time"};
+constexpr std::size_t kLongest = kNames.back().size();
+
+/// How many names are shorter than each length.
+constexpr auto kShorter = [] {
+    std::array<std::uint8_t, kLongest + 2> shorter{};
+    for (const std::u16string_view name : kNames)
+        for (std::size_t length = name.size() + 1; length < shorter.size(); ++length) ++shorter[length];
+    return shorter;
+}();
+static_assert(std::is_sorted(kNames.begin(), kNames.end(), [](auto a, auto b) { return a.size() < b.size(); }));
 
 bool BeginsKey(char16_t character) { return character == u'&' || character == server::kBlank; }
 
@@ -42,11 +52,13 @@ InnovaphoneKeys::InnovaphoneKeys(std::u16string_view record) {
 }
 
 void InnovaphoneKeys::Keep(std::u16string_view name, std::u16string_view value) {
-    const auto* const found = std::find(kNames.begin(), kNames.end(), name);
-    if (found == kNames.end()) return;
-    std::u16string_view& kept = values_[static_cast<std::size_t>(found - kNames.begin())];
-    const bool first = kept.data() == nullptr;
-    if (first) kept = value;
+    if (name.size() > kLongest) return;
+    for (std::size_t key = kShorter[name.size()]; key < kShorter[name.size() + 1]; ++key) {
+        if (kNames[key] != name) continue;
+        const bool first = values_[key].data() == nullptr;
+        if (first) values_[key] = value;
+        return;
+    }
 }
 
 std::u16string_view InnovaphoneKeys::operator[](InnovaphoneKey key) const {

@@ -8,21 +8,22 @@
 
 namespace vintrel::cdr {
 
-/// The keys that call records are made of; on the wire "src_if=" and so on.
+/// The keys that call records are made of, on the wire "src_if=" and so on: by the length of their names, so that a
+/// name is compared with those of its length only.
 enum class InnovaphoneKey : std::uint8_t {
-    Event,
     Ref,
+    Date,
+    Event,
     SrcIf,
     DstIf,
+    SrvId,
     SrcCgpn,
     SrcDgpn,
     SrcCdpn,
     DstCgpn,
     DstCdpn,
-    ConnectTime,
     DiscTime,
-    Date,
-    SrvId,
+    ConnectTime,
 };
 
 class InnovaphoneKeys {

@@ -2,11 +2,14 @@
 // be extensions or outside numbers.
 #pragma once
 
+#include <algorithm>
+#include <array>
 #include <cstdint>
 #include <initializer_list>
 #include <string_view>
 
 #include "cdr/gdv_record.h"
+#include "server/text.h"
 
 namespace vintrel::cdr {
 
@@ -21,6 +24,15 @@ std::int64_t WholeNumber(std::u16string_view text);
 
 /// The party's first 16 characters, blank-padded.
 void AssignParty(GdvSlot<kNumber>& slot, std::u16string_view party);
+
+/// The same with every character changed as `change` says.
+template <typename Change>
+void AssignParty(GdvSlot<kNumber>& slot, std::u16string_view party, Change change) {
+    std::array<char16_t, std::size_t{kNumber.length}> changed{};
+    const std::u16string_view cut = server::Left(party, kNumber.length);
+    std::transform(cut.begin(), cut.end(), changed.begin(), change);
+    AssignParty(slot, {changed.data(), cut.size()});
+}
 
 /// Whole seconds, zero-padded; longer calls than the field can tell are 99999.
 void AssignSeconds(GdvSlot<kDurationS>& slot, std::int64_t seconds);

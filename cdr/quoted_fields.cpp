@@ -18,12 +18,6 @@ std::u16string_view WithoutLineEnds(std::u16string_view record) {
     return record.substr(first, record.find_last_not_of(kLineEnds) - first + 1);
 }
 
-/// Hardly any value has blanks around it.
-std::u16string_view Trimmed(std::u16string_view value) {
-    const bool blanks = !value.empty() && (value.front() == server::kBlank || value.back() == server::kBlank);
-    return blanks ? server::Trim(value) : value;
-}
-
 /// The quote that closes a value, or `end` when none does.
 const char16_t* ClosingQuote(const char16_t* at, const char16_t* end, QuoteStyle style) {
     for (;;) {
@@ -53,7 +47,7 @@ QuotedFields::QuotedFields(std::u16string_view record, QuoteStyle style, std::si
         const char16_t* const value = quoted ? at + 1 : at;
         const char16_t* const value_end =
             quoted ? ClosingQuote(value, end, style) : server::FindCharacter(at, end, kComma);
-        fields_[count_++] = Trimmed({value, value_end});
+        fields_[count_++] = {value, value_end};
         const char16_t* const comma = quoted && value_end != end ? value_end + 1 : value_end;
         if (comma == end) break;
         at = comma + 1;

@@ -24,14 +24,20 @@ class QuotedFields {
 
     std::size_t Count() const { return count_; }
 
-    /// The value of a column, counted from 1, trimmed and without its quotes; "" behind the last. Doubled quotes inside
-    /// stay doubled, for the value is a view of the record.
+    /// The value of a column, counted from 1, without its quotes; "" behind the last. Doubled quotes inside stay
+    /// doubled, for the value is a view of the record.
     std::u16string_view operator[](std::size_t column) const {
-        return column >= 1 && column <= count_ ? fields_[column - 1] : std::u16string_view{};
+        if (column < 1 || column > count_) return {};
+        const Field& field = fields_[column - 1];
+        return {field.begin, field.end};
     }
 
  private:
-    std::array<std::u16string_view, kCapacity> fields_;
+    struct Field {
+        const char16_t* begin;
+        const char16_t* end;
+    };
+    std::array<Field, kCapacity> fields_;  // written before they are read: `count_` of them count
     std::size_t count_ = 0;
 };
 

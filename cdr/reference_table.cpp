@@ -22,6 +22,7 @@ bool ReferenceTable::Remove(std::u16string_view reference) {
 }
 
 std::size_t ReferenceTable::Position(std::u16string_view reference) const {
+    if (held_.empty()) return 0;
     const std::size_t hash = std::hash<std::u16string_view>{}(reference);
     const auto found = std::find_if(held_.begin(), held_.end(),
                                     [&](const Held& held) { return held.hash == hash && held.reference == reference; });

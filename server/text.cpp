@@ -186,13 +186,9 @@ bool UpperContains(std::u16string_view text, std::u16string_view word) {
     return false;
 }
 
-bool UpperEquals(std::u16string_view text, std::u16string_view word) {
-    return std::equal(text.begin(), text.end(), word.begin(), word.end(),
-                      [](char16_t a, char16_t b) { return Upper(a) == b; });
-}
-
 bool UpperBegins(std::u16string_view text, std::u16string_view word) {
-    return UpperEquals(text.substr(0, word.size()), word);
+    return text.size() >= word.size() &&
+           std::equal(word.begin(), word.end(), text.begin(), [](char16_t a, char16_t b) { return a == Upper(b); });
 }
 
 std::size_t Find(std::u16string_view text, std::u16string_view part, std::size_t from) {

@@ -74,10 +74,12 @@ char16_t Lower(char16_t character);
 std::u16string Lower(std::u16string_view text);
 /// Whether the upper-cased text contains the (already upper-case) word.
 bool UpperContains(std::u16string_view text, std::u16string_view word);
-/// Whether the upper-cased text equals the (already upper-case) word.
-bool UpperEquals(std::u16string_view text, std::u16string_view word);
 /// Whether the upper-cased text begins with the (already upper-case) word.
 bool UpperBegins(std::u16string_view text, std::u16string_view word);
+/// Whether the upper-cased text equals the (already upper-case) word.
+inline bool UpperEquals(std::u16string_view text, std::u16string_view word) {
+    return text.size() == word.size() && UpperBegins(text, word);
+}
 /// Where the part stands at or after `from`, counted from 0 as std::u16string_view does; npos when it does not.
 std::size_t Find(std::u16string_view text, std::u16string_view part, std::size_t from = 0);
 bool Contains(std::u16string_view text, std::u16string_view part);

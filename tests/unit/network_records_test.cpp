@@ -74,7 +74,7 @@ TEST(QuotedFields, SplitsWhereTheQuotesSay) {
     } rows[] = {
         {kSingle, u"'1','a,b','','c'\r\n", "1|a,b||c"},
         {kSingle, u"'D'Arco','O'','x'", "D'Arco|O'|x"},
-        {kSingle, u"1,  a b ,'c'd,e'", "1|a b|c'd,e"},
+        {kSingle, u"1, a b ,'c'd,e'", "1| a b |c'd,e"},
         {kSingle, u"'open,1,2", "open,1,2"},
         {kSingle, u"'1',", "1|"},
         {kSingle, u"", ""},
