@@ -49,6 +49,7 @@ void Exchange::Connected(std::uint64_t now) {
 
 void Exchange::Received(std::string_view bytes) {
     cutter_.Push(bytes);
+    TakeTyped();
     while (const auto piece = cutter_.Next()) {
         if (piece->kind == FrameCutter::Kind::Frame) TakeFrame(piece->bytes);
         const bool loose = piece->kind == FrameCutter::Kind::Loose;

@@ -166,7 +166,7 @@ DAY = ["wakeup 201 answered", "wakeup 202 not answered", "call 203 out", "wakeup
        "room 202 not clean", "call 201 out", "alarm 202 room alarm", "call 203 out", "wakeup-set 203 cleared"]
 
 
-def live(name, model, simulated=(), listening=(), connect=True, seconds=8):
+def live(name, model, simulated=(), listening=(), connect=True):
     """A day between a simulated exchange and a host. Gives the host's events, and what the exchange saw."""
     work, port = folder(name), free_port()
     os.makedirs(os.path.join(work, "log"))
@@ -175,7 +175,7 @@ def live(name, model, simulated=(), listening=(), connect=True, seconds=8):
     exchange = start("simulate", "--model", model, *sides[0 if connect else 1], "--pace", "20", *simulated, output=seen)
     try:
         code, out, errors = host("listen", "--model", model, *sides[1 if connect else 0], "--format", "csv", "--retry",
-                                 "1", "--log", "log", "--for", str(seconds), *listening, cwd=work)
+                                 "1", "--log", "log", *listening, cwd=work)
         expect((code, errors), (0, ""))
     finally:
         exchange.wait(timeout=LIMIT)
@@ -205,7 +205,7 @@ def a_serial_style_exchange_over_tcp():
     orders = os.path.join(work, "orders.txt")
     with open(orders, "w", encoding="ascii") as file:
         file.write("checkin 203 Rossi  # with a name\nwakeup 203 0730\ncheckout 203\n")
-    events, seen = live("integral", "TYPE10001", listening=["--orders", orders])
+    events, seen = live("integral", "TYPE10001", listening=["--orders", orders, "--once"])
     expect(missing_from(events, ["login confirmed"] + DAY), [])
     expect([e["Number"] for e in events if e["Event"] == "call" and e["Detail"] == "out"],
            ["0041448001122", "0043123456789", "0049301234567"])
@@ -216,18 +216,18 @@ def a_serial_style_exchange_over_tcp():
 
 
 def the_pms_link():
-    events, seen = live("fias", "TYPE12000", listening=["--silent", "1"])
+    events, seen = live("fias", "TYPE12000", listening=["--silent", "1", "--once"])
     expect(missing_from(events, DAY[:2] + ["check-in 203 Rossi"] + DAY[2:] + ["check-out 203", "lost closed by the peer"]), [])
     for sent in ["<- <STX>LS|DA", "<STX>PA|RN201|ASOK|"]:
         expect_in(sent, seen)
 
 
 def an_exchange_with_prompts_that_connects_to_the_host():
-    events, seen = live("hotel", "TYPE10016", connect=False, listening=["--user", "hotel", "--password", "secret"])
+    events, seen = live("hotel", "TYPE10016", connect=False, listening=["--user", "hotel", "--password", "secret", "--once"])
     expect(missing_from(events, ["login answered", "wakeup 201 answered", "call 203 out", "room 201 clean",
                                  "room 202 not clean", "alarm 202 room alarm"]), [])
     expect_in("<- hotel<CR>", seen)
-    events, seen = live("smdr", "TYPE10019", listening=["--user", "SMDR", "--password", "secret"])
+    events, seen = live("smdr", "TYPE10019", listening=["--user", "SMDR", "--password", "secret", "--once"])
     expect(missing_from(events, ["login answered", "wakeup 201 answered", "call 203 out", "room 201 clean"]), [])
     expect([e for e in short(events) if e.startswith(("malformed", "other"))], [])
     expect_in("-> ******<CR><LF>", seen)
@@ -236,8 +236,8 @@ def an_exchange_with_prompts_that_connects_to_the_host():
 def faults_of_the_exchange_cost_no_complete_record():
     def fault(case):
         model, kind, wanted = case
-        events, _ = live(f"{model}_{kind}", model, simulated=["--fault", kind], seconds=20 if kind == "silence" else 12,
-                         listening=["--silent", "3"])
+        events, _ = live(f"{model}_{kind}", model, simulated=["--fault", kind],
+                         listening=["--silent", "3", *(["--for", "12"] if kind == "disconnect" else ["--once"])])
         expect(len([e for e in events if e["Event"] == "call"]), 3 if model == "TYPE12000" else 6, case)
         expect(len([e for e in events if e["Event"] == "room"]), 0 if model == "TYPE10004" else 2, case)
         for event in wanted:
