@@ -3,7 +3,7 @@
 
 #include <windows.h>
 
-extern "C" IMAGE_DOS_HEADER __ImageBase;  // NOLINT(bugprone-reserved-identifier): the linker's name
+extern "C" IMAGE_DOS_HEADER __ImageBase;  // NOLINT(bugprone-reserved-identifier,cert-dcl*): the linker's name
 
 namespace vintrel::server {
 
@@ -12,8 +12,8 @@ inline HINSTANCE ThisModule() { return reinterpret_cast<HINSTANCE>(&__ImageBase)
 /// A function of a system library that is loaded when it is needed, or that older systems do not have (then null).
 template <typename Function>
 Function SystemFunction(const wchar_t* library, const char* name) {
-    HMODULE const module = LoadLibraryW(library);
-    FARPROC const function = module != nullptr ? GetProcAddress(module, name) : nullptr;
+    auto* const module = LoadLibraryW(library);
+    auto* const function = module != nullptr ? GetProcAddress(module, name) : nullptr;
     return reinterpret_cast<Function>(reinterpret_cast<void*>(function));
 }
 

@@ -254,7 +254,7 @@ LRESULT CALLBACK Win32SupportList::WindowProcedure(HWND window, UINT message, WP
 /// The host's message loop knows nothing of this window: its keys are translated as they are taken from the queue.
 LRESULT CALLBACK Win32SupportList::TranslateKeys(int code, WPARAM wparam, LPARAM lparam) noexcept {
     auto* const message = reinterpret_cast<MSG*>(lparam);
-    HHOOK const hook = shown != nullptr ? shown->keys_ : nullptr;
+    auto* const hook = shown != nullptr ? shown->keys_ : nullptr;
     if (code == HC_ACTION && wparam == PM_REMOVE && shown != nullptr && message->message >= WM_KEYFIRST &&
         message->message <= WM_KEYLAST && IsDialogMessageW(shown->window_, message) != FALSE)
         message->message = WM_NULL;

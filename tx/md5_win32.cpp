@@ -73,14 +73,14 @@ void MD5Hash::StartHash() {
         FailWithSystemError(kNoHash, u"Failed to create CryptoAPI Hash object");
 }
 
-void MD5Hash::HashBlock(std::span<const std::byte> block) {
+void MD5Hash::HashBlock(std::span<const std::byte> block) const {
     constexpr std::byte kNothing{};
     const std::byte* const first = block.empty() ? &kNothing : block.data();
     if (api_.hash_data(hash_, reinterpret_cast<const BYTE*>(first), static_cast<DWORD>(block.size()), 0) == FALSE)
         FailWithSystemError(kDataNotHashed, u"Failed to hash data block");
 }
 
-std::u16string MD5Hash::Finish() {
+std::u16string MD5Hash::Finish() const {
     DWORD length = 0;
     DWORD length_size = sizeof length;
     if (api_.get_hash_param(hash_, HP_HASHSIZE, reinterpret_cast<BYTE*>(&length), &length_size, 0) == FALSE)

@@ -32,8 +32,8 @@ class MD5Hash {
 
  private:
     void StartHash();
-    void HashBlock(std::span<const std::byte> block);
-    std::u16string Finish();
+    void HashBlock(std::span<const std::byte> block) const;
+    std::u16string Finish() const;
     void EndHash();
 
     CryptoApi api_;
