@@ -60,7 +60,7 @@ class Serial : public Wire {
         std::size_t at = 0;
         for (std::size_t part = 0; part < parts.size() && at <= settings_.line.size(); ++part) {
             const std::size_t comma = std::min(settings_.line.find(',', at), settings_.line.size());
-            parts[part] = settings_.line.substr(at, comma - at);
+            if (comma > at) parts[part] = settings_.line.substr(at, comma - at);
             at = comma + 1;
         }
         return "baud=" + parts[0] + " data=" + parts[1] + " parity=" + parts[2] + " stop=" + parts[3];

@@ -9,12 +9,15 @@ import glob
 import io
 import json
 import os
+import pty
+import select
 import shutil
 import signal
 import socket
 import subprocess
 import sys
 import time
+import tty
 
 HOST, SERVER, SAMPLES, FOLDER = (os.path.abspath(path) for path in sys.argv[1:5])
 ALL_MODELS = [f"TYPE{number}" for number in range(10001, 10021)] + ["TYPE12000"]
@@ -267,6 +270,32 @@ def ctrl_c_ends_a_link_cleanly():
         expect_in(" ended", file.read())
 
 
+def a_serial_line_works_like_the_network():
+    """The port is a pseudo-terminal of this system; the settings of the line are the usual ones."""
+    work, (exchange, line) = folder("serial"), pty.openpty()
+    tty.setraw(line)
+    device = os.path.join(os.environ["WINEPREFIX"], "dosdevices", "com9")
+    if os.path.islink(device):
+        os.unlink(device)
+    os.symlink(os.ttyname(line), device)
+    try:
+        process = start("listen", "--model", "TYPE10001", "--serial", "COM9", "--for", "5",
+                        output=os.path.join(work, "events.txt"))
+        expect(heard(exchange), b"\2\3", "the host asks for the login")
+        os.write(exchange, b"\6\x02080020100111\3")
+        expect(heard(exchange), b"\6", "the host acknowledges the frame")
+        expect(process.wait(timeout=LIMIT), 0)
+    finally:
+        os.unlink(device)
+    with open(os.path.join(work, "events.txt"), encoding="utf-8") as file:
+        expect_in("room          201    clean", file.read())
+
+
+def heard(terminal):
+    ready, _, _ = select.select([terminal], [], [], 10)
+    return os.read(terminal, 100) if ready else None
+
+
 def a_flood_without_end_stays_bounded():
     """A peer that sends noise for ever neither fills the memory nor keeps the link from its next record."""
     work = folder("flood")
@@ -291,7 +320,7 @@ SINGLE = [models_lists_the_catalogue_in_every_format, every_command_explains_its
           convert_cuts_the_same_calls_in_every_format, convert_tells_calls_from_what_is_none,
           simulated_days_convert_to_the_calls_of_the_day, a_serial_style_exchange_over_tcp, the_pms_link,
           an_exchange_with_prompts_that_connects_to_the_host, faults_of_the_exchange_cost_no_complete_record,
-          ctrl_c_ends_a_link_cleanly, a_flood_without_end_stays_bounded]
+          ctrl_c_ends_a_link_cleanly, a_serial_line_works_like_the_network, a_flood_without_end_stays_bounded]
 
 
 def run(test):
