@@ -31,7 +31,7 @@ STDAPI DllUnregisterServer() {
 
 /// "regsvr32 /n /i:user Vintrel.dll" registers for the current user, without administrator rights.
 STDAPI DllInstall(BOOL install, LPCWSTR command_line) {
-    const bool user = command_line && lstrcmpiW(command_line, L"user") == 0;
+    const bool user = command_line != nullptr && lstrcmpiW(command_line, L"user") == 0;
     return GuardedResult([&] {
         const Scope scope = user ? Scope::User : Scope::Machine;
         return install ? Register(scope) : Unregister(scope);

@@ -166,7 +166,7 @@ OperationTable::OperationTable(const IID& iid) {
         if (FAILED(info->GetFuncDesc(i, &description))) throw UnknownSurface();
         const auto release = [&](FUNCDESC* function) { info->ReleaseFuncDesc(function); };
         const std::unique_ptr<FUNCDESC, decltype(release)> function(description, release);
-        if (function->memid != static_cast<MEMBERID>(i + 1)) throw UnknownSurface();
+        if (function->memid != static_cast<MEMBERID>(i) + 1) throw UnknownSurface();
         Operation& operation = operations_[i];
         operation.slot = static_cast<std::size_t>(function->oVft) / sizeof(void*);
         ReadParameters(*function, operation);
@@ -176,7 +176,7 @@ OperationTable::OperationTable(const IID& iid) {
 
 DISPID OperationTable::Find(std::wstring_view name) const {
     for (std::size_t i = 0; i < operations_.size(); ++i)
-        if (SameName(operations_[i].name, name)) return static_cast<DISPID>(i + 1);
+        if (SameName(operations_[i].name, name)) return static_cast<DISPID>(i) + 1;
     return DISPID_UNKNOWN;
 }
 

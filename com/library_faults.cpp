@@ -6,7 +6,7 @@
 #include <exception>
 #include <new>
 
-// NOLINTBEGIN(bugprone-reserved-identifier): the library's names
+// NOLINTBEGIN(bugprone-reserved-identifier,cert-*,readability-redundant-declaration): the library's names
 namespace std {
 namespace {
 
@@ -32,4 +32,4 @@ void __verbose_terminate_handler();
 void __verbose_terminate_handler() { std::abort(); }
 
 }  // namespace __gnu_cxx
-// NOLINTEND(bugprone-reserved-identifier)
+// NOLINTEND(bugprone-reserved-identifier,cert-*,readability-redundant-declaration)
