@@ -66,7 +66,7 @@ void Win32MessageLoop::EndWait() {
 }
 
 void Win32MessageLoop::CreateHiddenWindow() {
-    if (window_ != nullptr) return;
+    if (HasWindow()) return;
     WNDCLASSEXW window_class{};
     window_class.cbSize = sizeof window_class;
     window_class.lpfnWndProc = WindowProcedure;

@@ -10,7 +10,7 @@
 
 namespace vintrel::server {
 
-/// Belongs to the thread that first starts a timer.
+/// The hidden window belongs to the thread that first starts a timer; when that thread has ended, to the next one.
 class Win32MessageLoop : public MessageLoop {
  public:
     Win32MessageLoop() = default;
@@ -26,7 +26,7 @@ class Win32MessageLoop : public MessageLoop {
     void StopTimer(Timer timer) override;
     bool TimerRunning(Timer timer) const override;
 
-    bool HasWindow() const { return window_ != nullptr; }
+    bool HasWindow() const { return IsWindow(window_) != FALSE; }
     /// Stops the timers without a tick and takes the window away. The next timer brings it back.
     void DestroyHiddenWindow();
 

@@ -17,7 +17,8 @@ class Win32SupportList : public SupportListWindow {
     Win32SupportList& operator=(const Win32SupportList&) = delete;
 
     void Show(SupportListContent content) override;
-    bool IsOpen() const { return window_ != nullptr; }
+    /// A window ends with its thread, without a word.
+    bool IsOpen() const { return IsWindow(window_) != FALSE; }
     void Unload();
 
  private:

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <new>
+#include <thread>
 
 #include "server/clock_win32.h"
 #include "server/waits.h"
@@ -38,6 +39,15 @@ TEST_F(HiddenWindow, TimersTickOnceInTheHostsOwnMessageLoop) {
     while (loop.TimerRunning(Timer::TspTimer) && GetMessageW(&message, nullptr, 0, 0) > 0) DispatchMessageW(&message);
     WaitMilliseconds(loop, 50);
     EXPECT_EQ(ticks, 1);
+}
+
+TEST_F(HiddenWindow, IsMadeAnewWhenItsThreadHasEnded) {
+    std::thread([this] { loop.StartTimer(Timer::SleepTimer, 10000, {}); }).join();
+    EXPECT_FALSE(loop.HasWindow());
+    loop.StartTimer(Timer::SleepTimer, 1, {});
+    EXPECT_TRUE(loop.HasWindow());
+    WaitMilliseconds(loop, 20);
+    EXPECT_LT(Elapsed(), 2000U);
 }
 
 TEST_F(HiddenWindow, WaitsLastAsLongAsTheyShould) {
