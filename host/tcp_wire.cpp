@@ -68,6 +68,9 @@ class Stream {
  public:
     Stream(Socket socket, HANDLE event) : socket_(std::move(socket)) {
         WSAEventSelect(socket_.Get(), event, FD_READ | FD_WRITE | FD_CLOSE);
+        // A quiet link is the rule at night: the system finds out whether the other side is still there.
+        const BOOL on = TRUE;
+        setsockopt(socket_.Get(), SOL_SOCKET, SO_KEEPALIVE, reinterpret_cast<const char*>(&on), sizeof on);
     }
 
     /// @return the reason why the connection has ended

@@ -225,6 +225,16 @@ def the_pms_link():
         expect_in(sent, seen)
 
 
+def two_legs_of_a_transferred_call_are_told_as_one():
+    """The pair is the server's memory of some seconds, so the replay takes it from the log."""
+    scenario = os.path.join(folder("scenario"), "transfer.txt")
+    with open(scenario, "w", encoding="ascii") as file:
+        file.write("call in 201 0327771100 60\ncall out 201 0041448001122 61 4\ncall out 201 0041448001122 61 4\n")
+    events, _ = live("transfer", "TYPE10004", simulated=["--scenario", scenario], listening=["--once"])
+    expect([event for event in short(events) if event.startswith(("call", "transfer"))],
+           ["call 201 in", "call 201 out", "transfer 201 two legs of one call", "call 201 out"])
+
+
 def an_exchange_with_prompts_that_connects_to_the_host():
     events, seen = live("hotel", "TYPE10016", connect=False, listening=["--user", "hotel", "--password", "secret", "--once"])
     expect(missing_from(events, ["login answered", "wakeup 201 answered", "call 203 out", "room 201 clean",
@@ -319,7 +329,7 @@ def a_flood_without_end_stays_bounded():
 SINGLE = [models_lists_the_catalogue_in_every_format, every_command_explains_itself, wrong_command_lines_are_refused,
           convert_cuts_the_same_calls_in_every_format, convert_tells_calls_from_what_is_none,
           simulated_days_convert_to_the_calls_of_the_day, a_serial_style_exchange_over_tcp, the_pms_link,
-          an_exchange_with_prompts_that_connects_to_the_host, faults_of_the_exchange_cost_no_complete_record,
+          two_legs_of_a_transferred_call_are_told_as_one, an_exchange_with_prompts_that_connects_to_the_host, faults_of_the_exchange_cost_no_complete_record,
           ctrl_c_ends_a_link_cleanly, a_serial_line_works_like_the_network, a_flood_without_end_stays_bounded]
 
 
