@@ -29,7 +29,7 @@ class ClassesRoot {
     /// Nothing is written any more after the first failure.
     void Write(const std::wstring& key, const wchar_t* name, const std::wstring& value) {
         if (error_ != ERROR_SUCCESS) return;
-        const auto bytes = static_cast<DWORD>((value.size() + 1) * sizeof(wchar_t));
+        const DWORD bytes = static_cast<DWORD>(value.size() + 1) * DWORD{sizeof(wchar_t)};
         error_ = RegSetKeyValueW(root_, Path(key).c_str(), name, REG_SZ, value.c_str(), bytes);
     }
     void Write(const std::wstring& key, const std::wstring& value = {}) { Write(key, nullptr, value); }
