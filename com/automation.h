@@ -56,13 +56,13 @@ class Automation : public Interface, public ISupportErrorInfo, public IProvideCl
         return LoadTypeInfo(entry_.iid, info);
     }
     STDMETHODIMP GetIDsOfNames(REFIID iid, LPOLESTR* names, UINT count, LCID, DISPID* ids) noexcept final {
-        return GuardedResult([&] { return LateNames(Operations(), iid, names, count, ids); });
+        return GuardedResult([&] { return LateNames(OperationsOf(entry_), iid, names, count, ids); });
     }
     STDMETHODIMP Invoke(DISPID id, REFIID iid, LCID, WORD flags, DISPPARAMS* parameters, VARIANT* result,
                         EXCEPINFO* exception, UINT* bad_argument) noexcept final {
         return GuardedResult([&] {
-            return LateCall(static_cast<Interface*>(this), Operations(), id, iid, flags, parameters, result, exception,
-                            bad_argument);
+            return LateCall(static_cast<Interface*>(this), OperationsOf(entry_), id, iid, flags, parameters, result,
+                            exception, bad_argument);
         });
     }
 
@@ -92,12 +92,6 @@ class Automation : public Interface, public ISupportErrorInfo, public IProvideCl
     }
 
  private:
-    /// Read from the type library with the first late-bound call of the class.
-    const OperationTable& Operations() const {
-        static const OperationTable operations(entry_.iid);
-        return operations;
-    }
-
     std::atomic<ULONG> references_ = 1;
     const ClassEntry& entry_;
 };

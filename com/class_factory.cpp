@@ -41,7 +41,7 @@ class ClassFactory final : public IClassFactory {
         });
     }
     STDMETHODIMP LockServer(BOOL lock) noexcept override {
-        lock ? AddModuleLock() : ReleaseModuleLock();
+        lock != FALSE ? AddModuleLock() : ReleaseModuleLock();
         return S_OK;
     }
 

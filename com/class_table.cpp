@@ -6,7 +6,7 @@ namespace vintrel::com {
 namespace {
 
 // clang-format off
-const ClassEntry kClasses[] = {
+const ClassEntry kClasses[kClassCount] = {
     {CLSID_ServerInfo,       IID__ServerInfo,       L"Vintrel.ServerInfo",       NewServerInfo},
     {CLSID_SetServerOptions, IID__SetServerOptions, L"Vintrel.SetServerOptions", NewSetServerOptions},
     {CLSID_ComProgramSet,    IID__ComProgramSet,    L"Vintrel.ComProgramSet",    NewComProgramSet},
@@ -20,11 +20,11 @@ const ClassEntry kClasses[] = {
 
 }  // namespace
 
-std::span<const ClassEntry> Classes() { return kClasses; }
+std::span<const ClassEntry, kClassCount> Classes() { return kClasses; }
 
 const ClassEntry* FindClass(const CLSID& clsid) {
     for (const ClassEntry& entry : kClasses)
-        if (IsEqualGUID(entry.clsid, clsid)) return &entry;
+        if (IsEqualGUID(entry.clsid, clsid) != FALSE) return &entry;
     return nullptr;
 }
 

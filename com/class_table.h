@@ -5,6 +5,7 @@
 
 #include <unknwn.h>
 
+#include <cstddef>
 #include <span>
 
 namespace vintrel::com {
@@ -16,7 +17,8 @@ struct ClassEntry {
     IUnknown* (*create)(const ClassEntry& entry);
 };
 
-std::span<const ClassEntry> Classes();
+inline constexpr std::size_t kClassCount = 8;
+std::span<const ClassEntry, kClassCount> Classes();
 /// Null for any other class.
 const ClassEntry* FindClass(const CLSID& clsid);
 

@@ -34,6 +34,6 @@ STDAPI DllInstall(BOOL install, LPCWSTR command_line) {
     const bool user = command_line != nullptr && lstrcmpiW(command_line, L"user") == 0;
     return GuardedResult([&] {
         const Scope scope = user ? Scope::User : Scope::Machine;
-        return install ? Register(scope) : Unregister(scope);
+        return install != FALSE ? Register(scope) : Unregister(scope);
     });
 }

@@ -1,6 +1,7 @@
 #include "com/late_binding.h"
 
 #include <algorithm>
+#include <atomic>
 #include <exception>
 #include <memory>
 #include <utility>
@@ -75,6 +76,13 @@ std::unique_ptr<ITypeInfo, Releaser> TableDescription(const IID& iid) {
     return std::unique_ptr<ITypeInfo, Releaser>(table);
 }
 
+struct Place {
+    std::atomic<const OperationTable*> ready = nullptr;
+    std::unique_ptr<const OperationTable> table;
+};
+std::array<Place, kClassCount> places;
+SRWLOCK places_lock = SRWLOCK_INIT;
+
 using Function = void (*)();
 
 Function SlotOf(IDispatch* object, std::size_t slot) { return (*reinterpret_cast<Function**>(object))[slot]; }
@@ -133,7 +141,8 @@ Matched Match(const Operation& operation, const DISPPARAMS& parameters) {
     if (FAILED(matched.result)) return matched;
 
     for (std::size_t i = 0; i < operation.parameter_count; ++i)
-        if (!matched.given[i]) matched.result = parameters.cNamedArgs ? DISP_E_PARAMNOTOPTIONAL : DISP_E_BADPARAMCOUNT;
+        if (!matched.given[i])
+            matched.result = parameters.cNamedArgs != 0 ? DISP_E_PARAMNOTOPTIONAL : DISP_E_BADPARAMCOUNT;
     return matched;
 }
 
@@ -180,6 +189,19 @@ DISPID OperationTable::Find(std::wstring_view name) const {
     return DISPID_UNKNOWN;
 }
 
+const OperationTable& OperationsOf(const ClassEntry& entry) {
+    Place& place = places[static_cast<std::size_t>(&entry - Classes().data())];
+    if (const OperationTable* ready = place.ready) return *ready;
+
+    // Two threads with objects of their own may come here together.
+    auto made = std::make_unique<const OperationTable>(entry.iid);
+    AcquireSRWLockExclusive(&places_lock);
+    if (!place.table) place.table = std::move(made);
+    place.ready = place.table.get();
+    ReleaseSRWLockExclusive(&places_lock);
+    return *place.ready;
+}
+
 HRESULT LateNames(const OperationTable& operations, REFIID iid, LPOLESTR* names, UINT count, DISPID* ids) {
     if (!IsEqualIID(iid, IID_NULL)) return DISP_E_UNKNOWNINTERFACE;
     if (!names || !ids) return E_POINTER;
@@ -203,7 +225,7 @@ HRESULT LateCall(IDispatch* object, const OperationTable& operations, DISPID id,
     if (!parameters) return E_POINTER;
     const Operation* operation = operations.Find(id);
     // A script's function call says "method or property", its statement call "method".
-    if (!operation || !(flags & (DISPATCH_METHOD | DISPATCH_PROPERTYGET))) return DISP_E_MEMBERNOTFOUND;
+    if (!operation || (flags & (DISPATCH_METHOD | DISPATCH_PROPERTYGET)) == 0) return DISP_E_MEMBERNOTFOUND;
 
     const Matched matched = Match(*operation, *parameters);
     if (FAILED(matched.result)) {

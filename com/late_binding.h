@@ -12,6 +12,8 @@
 #include <string_view>
 #include <vector>
 
+#include "com/class_table.h"
+
 namespace vintrel::com {
 
 /// Every parameter of every operation is by reference, and so is the result.
@@ -42,6 +44,9 @@ class OperationTable {
  private:
     std::vector<Operation> operations_;  // identifiers count from 1 in this order
 };
+
+/// The operations of a class, read with its first late-bound call and kept to the end of the DLL.
+const OperationTable& OperationsOf(const ClassEntry& entry);
 
 HRESULT LateNames(const OperationTable& operations, REFIID iid, LPOLESTR* names, UINT count, DISPID* ids);
 
