@@ -18,12 +18,12 @@ class CommaFields {
     explicit CommaFields(std::u16string_view text) {
         const char16_t* start = text.data();
         const char16_t* const end = start + text.size();
-        while (count_ < Count) {
-            const char16_t* const comma = server::FindCharacter(start, end, u',');
+        server::EachCharacter(start, end, u',', [&](const char16_t* comma) {
             fields_[count_++] = std::u16string_view(start, comma);
-            if (comma == end) break;
             start = comma + 1;
-        }
+            return count_ < Count;
+        });
+        if (count_ < Count) fields_[count_++] = std::u16string_view(start, end);
     }
 
     template <std::size_t Number>

@@ -53,14 +53,18 @@ Outcome Convert(Model model, server::InOutText& record, CallRecordState& state, 
 GdvText GetComConvertStringRX(std::u16string_view type, server::InOutText& record, CallRecordState& state,
                               const server::Settings& settings, const server::Clock& clock,
                               server::CriticalMessage& message) {
+    GdvText result;
     const std::optional<Model> model = server::FindModel(type);
     if (!model) {
         server::ErrorReport(message, 0, u"GetComConvertStringRX");
-        return {};
+        return result;
     }
-    GdvSlots slots;
-    const Outcome outcome = Convert(*model, record, state, settings, clock, slots);
-    return Assemble(outcome, slots);
+    GdvSlots slots(result);
+    if (Convert(*model, record, state, settings, clock, slots) == Outcome::Call)
+        slots.Assemble();
+    else
+        slots.Reject();
+    return result;
 }
 
 }  // namespace vintrel::cdr

@@ -5,10 +5,6 @@
 namespace vintrel::cdr {
 namespace {
 
-constexpr std::u16string_view kStart(&server::kStx, 1);
-constexpr std::u16string_view kEnd(&server::kEtx, 1);
-constexpr std::u16string_view kRejectMarker(&server::kDle, 1);
-
 InlineText<2> TwoDigits(int value) {
     const std::array<char16_t, 2> digits{static_cast<char16_t>(u'0' + value / 10 % 10),
                                          static_cast<char16_t>(u'0' + value % 10)};
@@ -17,20 +13,28 @@ InlineText<2> TwoDigits(int value) {
 
 }  // namespace
 
-GdvText GdvSlots::Assemble() {
+void GdvSlots::Assemble() {
     const bool full = line.Full() && user.Full() && number.Full() && user_code.Full() && spare.Full() && info.Full() &&
                       type.Full() && unity.Full() && duration.Full() && day.Full() && month.Full() && year.Full() &&
                       hour.Full() && minute.Full() && pty_number.Full() && mac_address.Full();
-    if (!full)
-        return GdvText(kStart, line, user, number, user_code, spare, info, type, unity, duration, day, month, year,
-                       hour, minute, pty_number, mac_address, kEnd);
-    record_.front() = server::kStx;
-    record_.back() = server::kEtx;
-    return GdvText(std::u16string_view(record_.data(), record_.size()));
+    char16_t* end = At(kMacAddress) + kMacAddress.length;
+    if (!full) {
+        end = At(kLine);
+        // Every slot moves to the left or stays: none is overwritten before its turn.
+        for (const std::u16string_view slot :
+             {line.View(), user.View(), number.View(), user_code.View(), spare.View(), info.View(), type.View(),
+              unity.View(), duration.View(), day.View(), month.View(), year.View(), hour.View(), minute.View(),
+              pty_number.View(), mac_address.View()})
+            end = std::copy(slot.begin(), slot.end(), end);
+    }
+    record_.characters_.front() = server::kStx;
+    *end++ = server::kEtx;
+    record_.size_ = static_cast<std::size_t>(end - record_.characters_.data());
 }
 
-GdvText Assemble(Outcome outcome, GdvSlots& slots) {
-    return outcome == Outcome::Rejected ? GdvText(kRejectMarker) : slots.Assemble();
+void GdvSlots::Reject() {
+    record_.characters_.front() = server::kDle;
+    record_.size_ = 1;
 }
 
 void AssignUnreported(GdvSlots& slots) {
@@ -58,6 +62,12 @@ double HoursMinutesSecondsToSeconds(std::u16string_view hhmmss) {
 
 double HoursMinutesSecondsToSeconds(std::u16string_view hours, std::u16string_view minutes,
                                     std::u16string_view seconds) {
+    const auto two_digits = [](std::u16string_view text) {
+        return text.size() == 2 && server::IsDigit(text[0]) && server::IsDigit(text[1]);
+    };
+    const auto value = [](std::u16string_view text) { return (text[0] - u'0') * 10 + (text[1] - u'0'); };
+    if (two_digits(hours) && two_digits(minutes) && two_digits(seconds))
+        return value(hours) * 3600 + value(minutes) * 60 + value(seconds);
     return HoursMinutesSecondsToSeconds(InlineText<6>(hours, minutes, seconds));
 }
 

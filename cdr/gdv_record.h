@@ -56,13 +56,30 @@ consteval bool FillsTheBody(std::initializer_list<GdvField> fields) {
 static_assert(FillsTheBody({kLine, kUser, kNumber, kUserCode, kSpare, kInfo, kType, kUnity, kDurationS, kDateD, kDateM,
                             kDateY, kTimeH, kTimeM, kPTYNumber, kMacAddress}));
 
+/// Copies a short text. A call of the library's copy costs more than the copy.
+inline void CopyShort(char16_t* out, std::u16string_view text) {
+    constexpr std::size_t kPiece = 8;
+    const char16_t* from = text.data();
+    std::size_t count = text.size();
+    for (; count > kPiece; count -= kPiece, from += kPiece, out += kPiece) std::copy_n(from, kPiece, out);
+    if (count >= 4) {  // two pieces that may overlap
+        std::copy_n(from, 4, out);
+        std::copy_n(from + count - 4, 4, out + count - 4);
+    } else if (count >= 2) {
+        std::copy_n(from, 2, out);
+        std::copy_n(from + count - 2, 2, out + count - 2);
+    } else if (count == 1) {
+        *out = *from;
+    }
+}
+
 /// A short text that lives where it stands.
 template <std::size_t Capacity>
 class InlineText {
     static_assert(Capacity <= UINT8_MAX);
 
  public:
-    InlineText() = default;
+    InlineText() {}  // NOLINT(modernize-use-equals-default): = default would clear the characters first
     template <typename... Parts>
     requires(sizeof...(Parts) > 0 &&
              (std::is_convertible_v<Parts, std::u16string_view> && ...)) explicit InlineText(const Parts&... parts) {
@@ -77,7 +94,7 @@ class InlineText {
     /// Does nothing when the part does not fit.
     void Append(std::u16string_view part) {
         if (part.size() > Capacity - size_) return;
-        std::copy_n(part.data(), part.size(), characters_.data() + size_);
+        CopyShort(characters_.data() + size_, part);
         size_ = static_cast<std::uint8_t>(size_ + part.size());
     }
     void Append(const server::Padded& part) {
@@ -91,12 +108,9 @@ class InlineText {
     }
 
  private:
-    std::array<char16_t, Capacity> characters_{};
+    std::array<char16_t, Capacity> characters_;  // written before they are read: `size_` of them count
     std::uint8_t size_ = 0;
 };
-
-/// A converted call, the reject marker, or empty.
-using GdvText = InlineText<kGdvRecordLength>;
 
 /// The place of one field in a record that is being filled.
 template <std::size_t Width>
@@ -117,14 +131,19 @@ class Slot {
         if (text.size() == Width) {  // as almost always: one copy of known size
             std::copy_n(text.data(), Width, place_);
         } else {
-            std::copy_n(text.data(), text.size(), place_);
+            CopyShort(place_, text);
         }
         size_ = text.size();
     }
     void Become(const server::Padded& text) {
         std::fill_n(place_, Width, text.character);
-        std::copy_n(text.text.data(), text.text.size(), place_ + (text.in_front ? text.count : 0));
+        CopyShort(place_ + (text.in_front ? text.count : 0), text.text);
         size_ = text.size();
+    }
+    /// The last digits of the number, as many as fit.
+    void BecomeDigits(unsigned number) {
+        for (std::size_t i = Width; i-- > 0; number /= 10) place_[i] = static_cast<char16_t>(u'0' + number % 10);
+        size_ = Width;
     }
 
  private:
@@ -135,12 +154,30 @@ class Slot {
 template <GdvField Field>
 using GdvSlot = Slot<static_cast<std::size_t>(Field.length)>;
 
-/// What a converter fills. A slot that stays empty makes the record shorter, and the host rejects it by its length.
+/// A converted call, the reject marker, or empty.
+class GdvText {
+ public:
+    GdvText() {}  // NOLINT(modernize-use-equals-default): = default would clear the characters first
+
+    std::u16string_view View() const { return {characters_.data(), size_}; }
+    operator std::u16string_view() const { return View(); }  // NOLINT(google-explicit-constructor): it is a text
+    std::size_t size() const { return size_; }
+
+ private:
+    friend class GdvSlots;
+    std::array<char16_t, kGdvRecordLength> characters_;  // written before they are read: `size_` of them count
+    std::size_t size_ = 0;
+};
+
+/// What a converter fills, each slot at its place in the record. A slot that stays empty makes the record shorter, and
+/// the host rejects it by its length.
 class GdvSlots {
-    std::array<char16_t, kGdvRecordLength> record_{};
-    char16_t* At(const GdvField& field) { return record_.data() + kGdvBody.start - 1 + field.start - 1; }
+    GdvText& record_;
+    char16_t* At(const GdvField& field) { return record_.characters_.data() + kGdvBody.start - 1 + field.start - 1; }
 
  public:
+    explicit GdvSlots(GdvText& record) : record_(record) {}
+
     GdvSlot<kLine> line{At(kLine)};
     GdvSlot<kUser> user{At(kUser)};
     GdvSlot<kNumber> number{At(kNumber)};
@@ -158,8 +195,10 @@ class GdvSlots {
     GdvSlot<kPTYNumber> pty_number{At(kPTYNumber)};
     GdvSlot<kMacAddress> mac_address{At(kMacAddress)};
 
-    /// STX, the slots, ETX.
-    GdvText Assemble();
+    /// The record becomes STX, the slots without the gaps that short ones leave, ETX.
+    void Assemble();
+    /// The record becomes the reject marker (DLE).
+    void Reject();
 };
 
 /// What a converter made of a record.
@@ -167,9 +206,6 @@ enum class Outcome : std::uint8_t {
     Call,
     Rejected,  ///< a header, a status line, a call that is not charged: the host discards it
 };
-
-/// The record of a call, or the reject marker (DLE).
-GdvText Assemble(Outcome outcome, GdvSlots& slots);
 
 // Texts of slots that an exchange does not report.
 inline constexpr std::u16string_view kNoUserCode = u"0000";
@@ -201,15 +237,11 @@ template <std::size_t Width>
 void AssignNumber(Slot<Width>& slot, double value) {
     static_assert(Width == 4 || Width == 5);
     constexpr int kBeyond = Width == 4 ? 10'000 : 100'000;
-    if (!(value >= 0 && value < kBeyond && static_cast<int>(value) == value)) {
-        const std::u16string text = server::DecimalText(value);
-        return Assign(slot, server::ZeroPad(text, Width));
-    }
-    std::array<char16_t, Width> digits{};
-    auto rest = static_cast<unsigned>(value);
-    for (auto digit = digits.rbegin(); digit != digits.rend(); ++digit, rest /= 10)
-        *digit = static_cast<char16_t>(u'0' + rest % 10);
-    Assign(slot, std::u16string_view(digits.data(), digits.size()));
+    const bool plain = value >= 0 && value < kBeyond;
+    if (const int whole = plain ? static_cast<int>(value) : 0; plain && whole == value)
+        slot.BecomeDigits(static_cast<unsigned>(whole));
+    else
+        Assign(slot, server::ZeroPad(server::DecimalText(value), Width));
 }
 
 /// Spare flag and Info "0", MAC address blank: what almost every exchange leaves open.

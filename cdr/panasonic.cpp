@@ -1,5 +1,7 @@
 #include "cdr/panasonic.h"
 
+#include "server/scan.h"
+
 namespace vintrel::cdr {
 namespace {
 
@@ -8,7 +10,6 @@ using server::Left;
 using server::Mid;
 using server::NumberValue;
 using server::Trim;
-using server::UpperContains;
 using server::ZeroPad;
 
 constexpr std::u16string_view kIncomingMark = u"<I>";
@@ -36,8 +37,12 @@ Endings EndingsOf(std::u16string_view line) {
 }
 
 bool IsHotelEvent(std::u16string_view line) {
-    return UpperContains(line, u"TIMED REMINDER") || UpperContains(line, u"CHECK IN") ||
-           UpperContains(line, u"CHECK OUT") || UpperContains(line, u"CLEANED UP");
+    const char16_t* at = line.data();
+    const char16_t* const end = at + line.size();
+    for (; (at = server::FindEither(at, end, u'C', u'c')) != end; ++at)
+        for (const std::u16string_view event : {u"CHECK IN", u"CHECK OUT", u"CLEANED UP"})
+            if (server::UpperBegins(std::u16string_view(at, end), event)) return true;
+    return server::UpperContains(line, u"TIMED REMINDER");
 }
 
 /// Hours, minutes and seconds around the first ":" behind the dialled number, printed hh:mm'ss. Without one they are

@@ -32,16 +32,36 @@ constexpr PerModel<CatalogueRow> kCatalogue{{
     {Model::Type12000, {u"TYPE12000", u"FIAS - PMS"}},
 }};
 
+constexpr std::size_t kCodeLength = 9;
+
+/// The number that the last two characters of a code form; 100 and more when they are not digits.
+constexpr std::size_t Ending(std::u16string_view code) {
+    const auto digit = [&](std::size_t at) { return static_cast<std::size_t>(code[at] - u'0') & 0xFFFF; };
+    return digit(kCodeLength - 2) > 9 || digit(kCodeLength - 1) > 9
+               ? 100
+               : digit(kCodeLength - 2) * 10 + digit(kCodeLength - 1);
+}
+
+/// The one model that a code with a given ending can be. Two codes with the same ending do not compile.
+constexpr auto kByEnding = [] {
+    std::array<std::uint8_t, 100> models{};
+    models.fill(kModelCount);
+    for (std::size_t i = 0; i < kModelCount; ++i) {
+        std::uint8_t& place = models.at(Ending(kCatalogue[static_cast<Model>(i)].code));
+        if (place != kModelCount) throw "two codes with the same ending";
+        place = static_cast<std::uint8_t>(i);
+    }
+    return models;
+}();
+
 }  // namespace
 
 std::optional<Model> FindModel(std::u16string_view code) {
-    for (std::size_t i = 0; i < kModelCount; ++i) {
-        const auto model = static_cast<Model>(i);
-        // The codes differ at their ends: compare those first.
-        const std::u16string_view candidate = kCatalogue[model].code;
-        if (code.size() == candidate.size() && code.back() == candidate.back() && code == candidate) return model;
-    }
-    return std::nullopt;
+    if (code.size() != kCodeLength) return std::nullopt;
+    const std::size_t ending = Ending(code);
+    if (ending >= kByEnding.size() || kByEnding[ending] == kModelCount) return std::nullopt;
+    const auto model = static_cast<Model>(kByEnding[ending]);
+    return code == kCatalogue[model].code ? std::optional(model) : std::nullopt;
 }
 
 std::u16string_view ModelCode(Model model) { return kCatalogue[model].code; }

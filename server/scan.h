@@ -42,6 +42,21 @@ inline const char16_t* FindCharacter(const char16_t* at, const char16_t* end, ch
     return at;
 }
 
+/// Calls `found` with the place of each `character` in [at, end), until it answers false.
+template <typename Found>
+void EachCharacter(const char16_t* at, const char16_t* end, char16_t character, Found found) {
+#if defined(__SSE2__)
+    for (const __m128i wanted = scan::Eight(character); end - at >= scan::kBlock; at += scan::kBlock) {
+        constexpr unsigned kOneBitEach = 0x5555;
+        const auto bytes = static_cast<unsigned>(_mm_movemask_epi8(_mm_cmpeq_epi16(scan::Load(at), wanted)));
+        for (unsigned marks = bytes & kOneBitEach; marks != 0; marks &= marks - 1)
+            if (!found(at + std::countr_zero(marks) / 2)) return;
+    }
+#endif
+    for (; at != end; ++at)
+        if (*at == character && !found(at)) return;
+}
+
 /// The first of the two characters in [at, end), else `end`.
 inline const char16_t* FindEither(const char16_t* at, const char16_t* end, char16_t one, char16_t other) {
 #if defined(__SSE2__)

@@ -11,7 +11,6 @@
 namespace vintrel::server {
 namespace {
 
-constexpr std::u16string_view kZeros = u"0000000000";
 constexpr char16_t kSmallYDiaeresis = 0x00FF;
 constexpr char16_t kCapitalYDiaeresis = 0x0178;
 
@@ -295,18 +294,6 @@ std::u16string DecimalText(std::int32_t value) {
 std::u16string TwoDigits(int value) {
     const int last = ((value % 100) + 100) % 100;
     return {static_cast<char16_t>(u'0' + last / 10), static_cast<char16_t>(u'0' + last % 10)};
-}
-
-std::optional<Padded> ZeroPad(std::u16string_view text, std::size_t width) {
-    const std::size_t length = Trim(text).size();
-    if (length > width || width > kZeros.size()) return std::nullopt;
-    return Padded{.text = text, .count = width - length, .character = u'0', .in_front = true};
-}
-
-std::optional<Padded> BlankPad(std::u16string_view text, std::size_t width) {
-    const std::u16string_view trimmed = Trim(text);
-    if (trimmed.size() > width) return std::nullopt;
-    return Padded{.text = trimmed, .count = width - trimmed.size(), .character = kBlank, .in_front = false};
 }
 
 std::u16string_view GetSeparatedField(std::u16string_view text, char16_t separator, std::int16_t index) {

@@ -104,9 +104,18 @@ std::u16string TwoDigits(int value);
 
 /// Zeros in front of the text, as it is given, to `width` (at most 10) measured on the trimmed text: " 12" to 4 is
 /// "00 12". Nothing when the trimmed text is longer than the width.
-std::optional<Padded> ZeroPad(std::u16string_view text, std::size_t width);
+inline std::optional<Padded> ZeroPad(std::u16string_view text, std::size_t width) {
+    constexpr std::size_t kWidest = 10;
+    const std::size_t length = Trim(text).size();
+    if (length > width || width > kWidest) return std::nullopt;
+    return Padded{.text = text, .count = width - length, .character = u'0', .in_front = true};
+}
 /// The trimmed text with blanks behind it to `width`. Nothing when it is longer than the width.
-std::optional<Padded> BlankPad(std::u16string_view text, std::size_t width);
+inline std::optional<Padded> BlankPad(std::u16string_view text, std::size_t width) {
+    const std::u16string_view trimmed = Trim(text);
+    if (trimmed.size() > width) return std::nullopt;
+    return Padded{.text = trimmed, .count = width - trimmed.size(), .character = u' ', .in_front = false};
+}
 
 /// The index-th comma-separated field. An index below 1 gives "", one beyond the last field the last field; quotes
 /// mean nothing here.

@@ -12,7 +12,8 @@ namespace {
 using testing::Shown;
 
 TEST(GdvRecord, AValueThatDoesNotFitLeavesTheSlotAlone) {
-    GdvSlots slots;
+    GdvText record;
+    GdvSlots slots(record);
     Assign(slots.user, u"00101");
     Assign(slots.user, u"123456");
     Assign(slots.user, server::ZeroPad(u"123456", 5));
@@ -28,7 +29,8 @@ TEST(GdvRecord, NumbersArePaddedInTheirDecimalForm) {
     } rows[] = {{0, "00000"},    {345, "00345"}, {99999, "99999"}, {100000, ""},
                 {12.5, "012.5"}, {-7, "000-7"},  {1e20, "1E+20"},  {0.000012345, ""}};
     for (const auto& row : rows) {
-        GdvSlots slots;
+        GdvText record;
+        GdvSlots slots(record);
         AssignNumber(slots.duration, row.value);
         EXPECT_EQ(Shown(slots.duration), row.text) << row.value;
     }
