@@ -3,7 +3,6 @@
 namespace vintrel::cdr {
 
 using server::Mid;
-using server::NumberValue;
 using server::Trim;
 using server::ZeroPad;
 
@@ -17,7 +16,7 @@ Outcome ConvertAlcatel(std::u16string_view record, GdvSlots& slots) {
     Assign(slots.number, ReplaceCharacter<16>(Mid(record, 61, 16), u'.', u' '));
     AssignUserCode(slots, ReplaceCharacter<16>(Trim(Mid(record, 107, 16)), u'.', u' '));
     Assign(slots.type, !incoming ? kTypeOutgoing : duration == 0 ? kTypeNotAnswered : kTypeIncoming);
-    AssignNumber(slots.unity, NumberValue(Mid(record, 46, 5)));
+    AssignNumberValue(slots.unity, Mid(record, 46, 5));
     AssignNumber(slots.duration, duration);
     Assign(slots.day, Mid(record, 22, 2));
     Assign(slots.month, Mid(record, 25, 2));

@@ -43,8 +43,8 @@ Outcome ConvertIntegral2(server::InOutText& record, GdvSlots& slots) {
     Assign(slots.number, Mid(line, 11, 16));
     Assign(slots.user_code, kNoUserCode);
     Assign(slots.type, NumberValue(Mid(line, 33, 2)) == 0 ? kTypeIncoming : kTypeOutgoing);
-    AssignNumber(slots.unity, NumberValue(Mid(line, 63, 5)));
-    AssignNumber(slots.duration, NumberValue(Mid(line, 54, 5)));
+    AssignNumberValue(slots.unity, Mid(line, 63, 5));
+    AssignNumberValue(slots.duration, Mid(line, 54, 5));
     Assign(slots.day, Mid(line, 40, 2));  // the exchange prints the month first
     Assign(slots.month, Mid(line, 37, 2));
     Assign(slots.year, Mid(line, 43, 2));

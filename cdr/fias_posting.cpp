@@ -10,7 +10,6 @@ namespace {
 using server::BlankPad;
 using server::Left;
 using server::Mid;
-using server::NumberValue;
 using server::Right;
 
 /// "" for a field that is missing; nothing, a fault, for one that no "|" follows.
@@ -58,12 +57,12 @@ Outcome ConvertFiasPosting(std::u16string_view record, GdvSlots& slots) {
     AssignUnreported(slots);
     Assign(slots.line, u"00001");
     // A field that no "|" follows fails, and its slots stay empty.
-    if (posting.room) AssignNumber(slots.user, NumberValue(*posting.room));
+    if (posting.room) AssignNumberValue(slots.user, *posting.room);
     if (posting.dialled) Assign(slots.number, BlankPad(*posting.dialled, 16));
     Assign(slots.user_code, kNoUserCode);
     Assign(slots.type, kTypeOutgoing);
-    if (posting.pulses) AssignNumber(slots.unity, NumberValue(*posting.pulses));
-    if (posting.duration) AssignNumber(slots.duration, NumberValue(*posting.duration));
+    if (posting.pulses) AssignNumberValue(slots.unity, *posting.pulses);
+    if (posting.duration) AssignNumberValue(slots.duration, *posting.duration);
     if (posting.date) {  // year, month, day
         Assign(slots.day, Right(*posting.date, 2));
         Assign(slots.month, Mid(*posting.date, 3, 2));

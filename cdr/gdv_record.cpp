@@ -37,6 +37,10 @@ void GdvSlots::Reject() {
     record_.size_ = 1;
 }
 
+void AssignDecimal(Slot<4>& slot, double value) { Assign(slot, server::ZeroPad(server::DecimalText(value), 4)); }
+
+void AssignDecimal(Slot<5>& slot, double value) { Assign(slot, server::ZeroPad(server::DecimalText(value), 5)); }
+
 void AssignUnreported(GdvSlots& slots) {
     Assign(slots.spare, u"0");
     Assign(slots.info, u"0");
@@ -58,17 +62,6 @@ void AssignDateTime(GdvSlots& slots, const server::DateTime& date_time) {
 double HoursMinutesSecondsToSeconds(std::u16string_view hhmmss) {
     return server::NumberValue(server::Left(hhmmss, 2)) * 3600 + server::NumberValue(server::Mid(hhmmss, 3, 2)) * 60 +
            server::NumberValue(server::Right(hhmmss, 2));
-}
-
-double HoursMinutesSecondsToSeconds(std::u16string_view hours, std::u16string_view minutes,
-                                    std::u16string_view seconds) {
-    const auto two_digits = [](std::u16string_view text) {
-        return text.size() == 2 && server::IsDigit(text[0]) && server::IsDigit(text[1]);
-    };
-    const auto value = [](std::u16string_view text) { return (text[0] - u'0') * 10 + (text[1] - u'0'); };
-    if (two_digits(hours) && two_digits(minutes) && two_digits(seconds))
-        return value(hours) * 3600 + value(minutes) * 60 + value(seconds);
-    return HoursMinutesSecondsToSeconds(InlineText<6>(hours, minutes, seconds));
 }
 
 }  // namespace vintrel::cdr

@@ -6,9 +6,9 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <initializer_list>
 #include <optional>
-#include <string>
 #include <string_view>
 #include <type_traits>
 
@@ -56,18 +56,24 @@ consteval bool FillsTheBody(std::initializer_list<GdvField> fields) {
 static_assert(FillsTheBody({kLine, kUser, kNumber, kUserCode, kSpare, kInfo, kType, kUnity, kDurationS, kDateD, kDateM,
                             kDateY, kTimeH, kTimeM, kPTYNumber, kMacAddress}));
 
+/// Copies `Count` characters in the machine's own moves.
+template <std::size_t Count>
+void CopyFixed(char16_t* out, const char16_t* from) {
+    std::memcpy(out, from, Count * sizeof(char16_t));
+}
+
 /// Copies a short text. A call of the library's copy costs more than the copy.
 inline void CopyShort(char16_t* out, std::u16string_view text) {
     constexpr std::size_t kPiece = 8;
     const char16_t* from = text.data();
     std::size_t count = text.size();
-    for (; count > kPiece; count -= kPiece, from += kPiece, out += kPiece) std::copy_n(from, kPiece, out);
+    for (; count > kPiece; count -= kPiece, from += kPiece, out += kPiece) CopyFixed<kPiece>(out, from);
     if (count >= 4) {  // two pieces that may overlap
-        std::copy_n(from, 4, out);
-        std::copy_n(from + count - 4, 4, out + count - 4);
+        CopyFixed<4>(out, from);
+        CopyFixed<4>(out + count - 4, from + count - 4);
     } else if (count >= 2) {
-        std::copy_n(from, 2, out);
-        std::copy_n(from + count - 2, 2, out + count - 2);
+        CopyFixed<2>(out, from);
+        CopyFixed<2>(out + count - 2, from + count - 2);
     } else if (count == 1) {
         *out = *from;
     }
@@ -103,8 +109,8 @@ class InlineText {
         size_ = static_cast<std::uint8_t>(size_ + part.size());
     }
     void Replace(std::size_t positions, char16_t character, char16_t replacement) {
-        std::replace(characters_.begin(), characters_.begin() + std::min<std::size_t>(positions, size_), character,
-                     replacement);
+        for (std::size_t i = 0, end = std::min<std::size_t>(positions, size_); i < end; ++i)
+            characters_[i] = characters_[i] == character ? replacement : characters_[i];  // no branch
     }
 
  private:
@@ -129,7 +135,7 @@ class Slot {
     /// The text must fit.
     void Become(std::u16string_view text) {
         if (text.size() == Width) {  // as almost always: one copy of known size
-            std::copy_n(text.data(), Width, place_);
+            CopyFixed<Width>(place_, text.data());
         } else {
             CopyShort(place_, text);
         }
@@ -142,7 +148,14 @@ class Slot {
     }
     /// The last digits of the number, as many as fit.
     void BecomeDigits(unsigned number) {
-        for (std::size_t i = Width; i-- > 0; number /= 10) place_[i] = static_cast<char16_t>(u'0' + number % 10);
+        static_assert(Width == 4 || Width == 5);
+        if constexpr (Width == 5) place_[0] = static_cast<char16_t>(u'0' + number / 10000 % 10);
+        // Each digit by itself: none waits for the one behind it.
+        char16_t* const four = place_ + Width - 4;
+        four[0] = static_cast<char16_t>(u'0' + number / 1000 % 10);
+        four[1] = static_cast<char16_t>(u'0' + number / 100 % 10);
+        four[2] = static_cast<char16_t>(u'0' + number / 10 % 10);
+        four[3] = static_cast<char16_t>(u'0' + number % 10);
         size_ = Width;
     }
 
@@ -232,16 +245,29 @@ void Assign(Slot<Width>& slot, const std::optional<server::Padded>& value) {
     if (value && value->size() <= Width) slot.Become(*value);
 }
 
+/// The number as a decimal string, zero-padded to the slot's width: the long way, for fractions, signs and exponents.
+void AssignDecimal(Slot<4>& slot, double value);
+void AssignDecimal(Slot<5>& slot, double value);
+
 /// The number as a decimal string, zero-padded to the slot's width.
 template <std::size_t Width>
 void AssignNumber(Slot<Width>& slot, double value) {
-    static_assert(Width == 4 || Width == 5);
     constexpr int kBeyond = Width == 4 ? 10'000 : 100'000;
     const bool plain = value >= 0 && value < kBeyond;
     if (const int whole = plain ? static_cast<int>(value) : 0; plain && whole == value)
         slot.BecomeDigits(static_cast<unsigned>(whole));
     else
-        Assign(slot, server::ZeroPad(server::DecimalText(value), Width));
+        AssignDecimal(slot, value);
+}
+
+/// The same for the number value of a text.
+template <std::size_t Width>
+void AssignNumberValue(Slot<Width>& slot, std::u16string_view text) {
+    constexpr int kBeyond = Width == 4 ? 10'000 : 100'000;
+    if (const auto plain = server::PlainNumber(text); plain && *plain < kBeyond)
+        slot.BecomeDigits(static_cast<unsigned>(*plain));
+    else
+        AssignNumber(slot, server::NumberValue(text));
 }
 
 /// Spare flag and Info "0", MAC address blank: what almost every exchange leaves open.
@@ -256,8 +282,16 @@ void AssignDateTime(GdvSlots& slots, const server::DateTime& date_time);
 /// The seconds of a text "hhmmss": its first two, third and fourth, and last two characters, each by its number value.
 double HoursMinutesSecondsToSeconds(std::u16string_view hhmmss);
 /// The same of its three parts, which are joined first.
-double HoursMinutesSecondsToSeconds(std::u16string_view hours, std::u16string_view minutes,
-                                    std::u16string_view seconds);
+inline double HoursMinutesSecondsToSeconds(std::u16string_view hours, std::u16string_view minutes,
+                                           std::u16string_view seconds) {
+    const auto two_digits = [](std::u16string_view text) {
+        return text.size() == 2 && server::IsDigit(text[0]) && server::IsDigit(text[1]);
+    };
+    const auto value = [](std::u16string_view text) { return (text[0] - u'0') * 10 + (text[1] - u'0'); };
+    if (two_digits(hours) && two_digits(minutes) && two_digits(seconds))
+        return value(hours) * 3600 + value(minutes) * 60 + value(seconds);
+    return HoursMinutesSecondsToSeconds(InlineText<6>(hours, minutes, seconds));
+}
 
 /// Replaces a character in the first positions of the text, as many as the trimmed text has: the end of a text with
 /// blanks in front is not visited.

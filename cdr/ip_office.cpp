@@ -143,7 +143,7 @@ Outcome ConvertIpOffice(std::u16string_view record, ContinuationTable& continuat
     AssignNumber(slots.duration, duration);
     if (duration == 0 && leg.last && leg.incoming) {
         Assign(slots.type, kTypeNotAnswered);
-        if (!leg.FirstIsExtension()) AssignNumber(slots.user, NumberValue(leg.called));
+        if (!leg.FirstIsExtension()) AssignNumberValue(slots.user, leg.called);
     }
     if (slots.line.View() == u"00000") Assign(slots.line, u"00001");
     return Outcome::Call;

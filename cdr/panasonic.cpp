@@ -8,7 +8,6 @@ namespace {
 using server::BlankPad;
 using server::Left;
 using server::Mid;
-using server::NumberValue;
 using server::Trim;
 using server::ZeroPad;
 
@@ -55,10 +54,10 @@ double DurationOf(std::u16string_view line) {
 }
 
 /// The whole amount behind the currency; without one, the five characters at position 3.
-double UnitsOf(std::u16string_view line) {
+std::u16string_view UnitsOf(std::u16string_view line) {
     const std::size_t found = server::Find(line, kCurrency);
     const auto currency = found == std::u16string_view::npos ? 0 : static_cast<std::ptrdiff_t>(found) + 1;
-    return NumberValue(Mid(line, currency + 3, 5));
+    return Mid(line, currency + 3, 5);
 }
 
 void AssignOutgoing(std::u16string_view line, const Endings& endings, GdvSlots& slots) {
@@ -92,7 +91,7 @@ Outcome ConvertPanasonic(std::u16string_view line, GdvSlots& slots) {
     Assign(slots.line, ZeroPad(Trim(Mid(line, 24, 4)), 5));
     Assign(slots.user, ZeroPad(Trim(Mid(line, 18, 5)), 5));
     Assign(slots.user_code, kNoUserCode);
-    AssignNumber(slots.unity, UnitsOf(line));
+    AssignNumberValue(slots.unity, UnitsOf(line));
     AssignNumber(slots.duration, DurationOf(line));
     Assign(slots.day, Mid(line, 1, 2));
     Assign(slots.month, Mid(line, 4, 2));

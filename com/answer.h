@@ -9,6 +9,8 @@
 #include <concepts>
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
+#include <functional>
 #include <new>
 #include <string_view>
 #include <tuple>
@@ -28,9 +30,15 @@ inline BSTR NewString(std::u16string_view text) {
     return string;
 }
 
+/// In characters. The number of bytes stands in front of them, by the documented layout of a BSTR; every call reads
+/// it, and asking the system costs more than the reading.
+inline std::size_t Length(BSTR string) {
+    return string ? reinterpret_cast<const UINT*>(string)[-1] / sizeof(OLECHAR) : 0;
+}
+
 /// A null BSTR is the empty text.
 inline std::u16string_view View(BSTR string) {
-    return string ? std::u16string_view(reinterpret_cast<const char16_t*>(string), SysStringLen(string))
+    return string ? std::u16string_view(reinterpret_cast<const char16_t*>(string), Length(string))
                   : std::u16string_view();
 }
 
@@ -54,8 +62,7 @@ class Argument<server::TypeCode> {
  public:
     explicit Argument(BSTR* string) : string_(*string) {}
     server::TypeCode Value() const {
-        return string_ ? server::TypeCode(reinterpret_cast<char16_t*>(string_), SysStringLen(string_))
-                       : server::TypeCode();
+        return string_ ? server::TypeCode(reinterpret_cast<char16_t*>(string_), Length(string_)) : server::TypeCode();
     }
     void WriteBack() {}
 
@@ -70,9 +77,17 @@ class Argument<server::InOutText&> {
     server::InOutText& Value() { return text_; }
     void WriteBack() {
         if (!text_.Replaced()) return;
-        BSTR replacement = NewString(text_.View());
-        SysFreeString(*string_);
-        *string_ = replacement;
+        const std::u16string_view text = text_.View();
+        const auto* characters = reinterpret_cast<const wchar_t*>(text.data());
+        const auto length = static_cast<UINT>(text.size());
+        const bool part =
+            *string_ && !std::less<>()(characters, *string_) && std::less<>()(characters, *string_ + Length(*string_));
+        if (part) {  // of the caller's own string: it moves to the front, and the rest is given back
+            std::memmove(*string_, characters, length * sizeof(wchar_t));
+            characters = nullptr;
+        }
+        if (*string_ ? !SysReAllocStringLen(string_, characters, length) : !(*string_ = NewString(text)))
+            throw std::bad_alloc();
     }
 
  private:

@@ -40,7 +40,7 @@ class Automation : public Interface, public ISupportErrorInfo, public IProvideCl
     STDMETHODIMP_(ULONG) AddRef() noexcept final { return ++references_; }
     STDMETHODIMP_(ULONG) Release() noexcept final {
         const ULONG left = --references_;
-        if (left == 0) delete this;
+        if (left == 0 && calls_ == 0) delete this;
         return left;
     }
 
@@ -80,10 +80,13 @@ class Automation : public Interface, public ISupportErrorInfo, public IProvideCl
     /// what else it needs of the server.
     template <typename Result, typename Core, typename... Arguments>
     HRESULT Answer(Result* result, Core core, Arguments*... arguments) noexcept {
-        // The host may be called during the operation and give the object up.
+        // The host may be called during the operation and give the object up. A plain count serves: operations run on
+        // the apartment's one thread.
         struct KeepAlive {
-            explicit KeepAlive(Automation& object) : kept(object) { kept.AddRef(); }
-            ~KeepAlive() { kept.Release(); }
+            explicit KeepAlive(Automation& object) : kept(object) { ++kept.calls_; }
+            ~KeepAlive() {
+                if (--kept.calls_ == 0 && kept.references_.load(std::memory_order_relaxed) == 0) delete &kept;
+            }
             KeepAlive(const KeepAlive&) = delete;
             KeepAlive& operator=(const KeepAlive&) = delete;
             Automation& kept;
@@ -93,6 +96,7 @@ class Automation : public Interface, public ISupportErrorInfo, public IProvideCl
 
  private:
     std::atomic<ULONG> references_ = 1;
+    ULONG calls_ = 0;  ///< operations in progress
     const ClassEntry& entry_;
 };
 

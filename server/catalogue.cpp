@@ -1,5 +1,7 @@
 #include "server/catalogue.h"
 
+#include <algorithm>
+
 namespace vintrel::server {
 namespace {
 
@@ -61,7 +63,8 @@ std::optional<Model> FindModel(std::u16string_view code) {
     const std::size_t ending = Ending(code);
     if (ending >= kByEnding.size() || kByEnding[ending] == kModelCount) return std::nullopt;
     const auto model = static_cast<Model>(kByEnding[ending]);
-    return code == kCatalogue[model].code ? std::optional(model) : std::nullopt;
+    const char16_t* const known = kCatalogue[model].code.data();
+    return std::equal(known, known + kCodeLength, code.data()) ? std::optional(model) : std::nullopt;
 }
 
 std::u16string_view ModelCode(Model model) { return kCatalogue[model].code; }

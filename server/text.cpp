@@ -14,8 +14,6 @@ namespace {
 constexpr char16_t kSmallYDiaeresis = 0x00FF;
 constexpr char16_t kCapitalYDiaeresis = 0x0178;
 
-bool IsIgnoredInNumbers(char16_t character) { return character == kBlank || character == kTab || character == kLf; }
-
 int DigitValue(char16_t character, int base) {
     const char16_t upper = Upper(character);
     const int value = IsDigit(upper) ? upper - u'0' : (upper >= u'A' && upper <= u'F') ? upper - u'A' + 10 : base;
@@ -92,21 +90,6 @@ double ReadDecimal(NumberReader& reader) {
     // Dividing by a power of ten is exact where multiplying by its inverse is not: 0.1 is 1 / 10.
     const double value = scale < 0 ? mantissa / std::pow(10.0, -scale) : mantissa * std::pow(10.0, scale);
     return std::isfinite(value) ? value : 0;
-}
-
-/// What nearly every number of a record is: digits, blanks among them. Nothing for any other text, and for one
-/// too large for the quick way.
-std::optional<double> PlainNumber(std::u16string_view text) {
-    constexpr std::int32_t kRoomForADigit = 100'000'000;
-    std::int32_t value = 0;
-    for (const char16_t character : text) {
-        if (IsDigit(character) && value < kRoomForADigit) {
-            value = value * 10 + (character - u'0');
-        } else if (!IsIgnoredInNumbers(character)) {
-            return std::nullopt;
-        }
-    }
-    return static_cast<double>(value);
 }
 
 std::u16string IntegerText(double magnitude) {

@@ -87,6 +87,26 @@ constexpr bool IsDigit(char16_t character) { return character >= u'0' && charact
 /// One or more digits and nothing else.
 bool IsDigits(std::u16string_view text);
 
+/// Blanks, tabs and line feeds are ignored in numbers, wherever they stand.
+constexpr bool IsIgnoredInNumbers(char16_t character) {
+    return character == u' ' || character == u'\t' || character == u'\n';
+}
+
+/// The number value of what nearly every number of a record is: digits and nothing else that counts. Nothing for any
+/// other text, and for a number too large for the quick way.
+inline std::optional<std::int32_t> PlainNumber(std::u16string_view text) {
+    constexpr std::int32_t kRoomForADigit = 100'000'000;
+    std::int32_t value = 0;
+    for (const char16_t character : text) {
+        if (IsDigit(character) && value < kRoomForADigit) {
+            value = value * 10 + (character - u'0');
+        } else if (!IsIgnoredInNumbers(character)) {
+            return std::nullopt;
+        }
+    }
+    return value;
+}
+
 /// The number at the start of a text. Blanks, tabs and line feeds are ignored wherever they stand; then an optional
 /// sign, digits with at most one ".", an optional exponent (E or D), or "&H" and "&O" numbers. Reading stops at the
 /// first other character; nothing readable is 0.
