@@ -27,6 +27,7 @@ struct Parameter {
 struct FoundOperation {
     std::wstring name;
     std::vector<Parameter> parameters;
+    VARTYPE answer = VT_EMPTY;
     bool takes_code = false;
 };
 
@@ -45,7 +46,7 @@ std::vector<FoundOperation> OperationsOf(IDispatch* object) {
             BSTR names[9] = {};
             UINT found = 0;
             info->GetNames(function->memid, names, 9, &found);
-            FoundOperation operation;
+            FoundOperation operation{.answer = function->elemdescFunc.tdesc.vt};
             for (UINT n = 0; n < found; ++n) {
                 const std::wstring name(names[n], SysStringLen(names[n]));
                 SysFreeString(names[n]);
@@ -62,6 +63,7 @@ std::vector<FoundOperation> OperationsOf(IDispatch* object) {
     return operations;
 }
 
+/// The answer's type is checked here; what became of the call is returned.
 HRESULT Invoked(IDispatch* object, const FoundOperation& operation, const std::wstring& code,
                 const std::wstring& text) {
     wchar_t folder[MAX_PATH] = {};
@@ -88,6 +90,8 @@ HRESULT Invoked(IDispatch* object, const FoundOperation& operation, const std::w
     EXCEPINFO exception = {};
     const HRESULT result =
         object->Invoke(id, IID_NULL, LOCALE_NEUTRAL, DISPATCH_METHOD, &parameters, &answer, &exception, nullptr);
+    EXPECT_TRUE(result != S_OK || operation.answer == VT_VOID || answer.vt == operation.answer)
+        << operation.name.c_str();
     SysFreeString(exception.bstrSource);
     SysFreeString(exception.bstrDescription);
     return result == DISP_E_EXCEPTION ? exception.scode : result;

@@ -43,7 +43,7 @@ void ExpectPassed(const wchar_t* name) { EXPECT_EQ(Output(ProgramFolder() + L"\\
 
 TEST(Scripts, UseTheEightClassesFromVBScript) { ExpectPassed(L"classes.vbs"); }
 TEST(Scripts, UseTheEightClassesFromJScript) { ExpectPassed(L"classes.js"); }
-TEST(Scripts, AskEveryPerModelOperationForEveryModel) { ExpectPassed(L"per_model_answers.vbs"); }
+TEST(Scripts, GetTheAnswersOfThePerModelTables) { ExpectPassed(L"per_model_answers.vbs"); }
 
 }  // namespace
 }  // namespace vintrel::testing
