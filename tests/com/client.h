@@ -121,6 +121,11 @@ class Variant : public VARIANT {
     }
 };
 
+/// The eight classes.
+inline constexpr const wchar_t* kProgIds[] = {
+    L"Vintrel.ServerInfo",  L"Vintrel.SetServerOptions", L"Vintrel.ComProgramSet", L"Vintrel.ServiceEnabled",
+    L"Vintrel.ComEventsTX", L"Vintrel.ComEventsRX",      L"Vintrel.ComGdvFilter",  L"Vintrel.PMSEvents"};
+
 /// An object by its ProgID, created as every host does. Empty when it cannot be created.
 Ref<IDispatch> Create(const wchar_t* prog_id);
 

@@ -21,22 +21,16 @@ class LateBinding : public ::testing::Test {
 
 TEST_F(LateBinding, WritesTheChangeIntoAnyFormOfAStringVariable) {
     Text plain(L"type10017");
-    EXPECT_EQ(TypeName(Variant::To(plain.Var())).answer.Str(), L"Avaya - IP Office");
-    EXPECT_EQ(plain.Str(), L"TYPE10017");
-
+    Text indirect(L"type10017");
     Variant variable(L"type10017");
-    EXPECT_EQ(TypeName(Variant::To(variable)).answer.Str(), L"Avaya - IP Office");
-    EXPECT_EQ(variable.Str(), L"TYPE10017");
-
     Variant inner(L"type10017");
     Variant outer = Variant::To(inner);  // a script's parameter that was itself passed by reference
-    EXPECT_EQ(TypeName(Variant::To(outer)).answer.Str(), L"Avaya - IP Office");
-    EXPECT_EQ(inner.Str(), L"TYPE10017");
-
-    Text indirect(L"type10017");
-    outer = Variant::To(indirect.Var());
-    EXPECT_EQ(TypeName(Variant::To(outer)).answer.Str(), L"Avaya - IP Office");
-    EXPECT_EQ(indirect.Str(), L"TYPE10017");
+    Variant outer_text = Variant::To(indirect.Var());
+    for (const Variant& form :
+         {Variant::To(plain.Var()), Variant::To(variable), Variant::To(outer), Variant::To(outer_text)})
+        EXPECT_EQ(TypeName(form).answer.Str(), L"Avaya - IP Office");
+    for (const std::wstring& text : {plain.Str(), variable.Str(), inner.Str(), indirect.Str()})
+        EXPECT_EQ(text, L"TYPE10017");
 }
 
 TEST_F(LateBinding, LeavesAValueAlone) {

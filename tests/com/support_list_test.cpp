@@ -124,10 +124,7 @@ class SupportList : public ::testing::Test {
 
 TEST_F(SupportList, ShowsTheModelsInGermanAndItalian) {
     const struct {
-        const wchar_t* language;
-        const wchar_t* picture;
-        const wchar_t* heading;
-        const wchar_t* hint;
+        const wchar_t *language, *picture, *heading, *hint;
     } cases[] = {
         {L"GER", L"support_list_german", L"Unterst\u00FCtzte Kommunikationssysteme:",
          L"Doppelklick um die Anschlu\u00DFpl\u00E4ne anzuzeigen"},
@@ -157,23 +154,16 @@ TEST_F(SupportList, ShowsTheModelsInGermanAndItalian) {
     }
 }
 
-TEST_F(SupportList, WithoutAHelpFileHasNoHintAndIsNotClickable) {
-    Set(L"", L"ITA");
-    Show();
-    EXPECT_EQ(ToolTipOf(window), nullptr);
-    EXPECT_EQ(PointerOver(list), LoadCursorW(nullptr, IDC_ARROW));
-}
-
-TEST_F(SupportList, IsOneWindowBuiltAnewByTheSecondCall) {
+TEST_F(SupportList, IsBuiltAnewByASecondCallAndHasNoHintWithoutAHelpFile) {
     Set(kHelpFile, L"GER");
     Show();
-    HWND first = window;
     Set(L"", L"ITA");
     EXPECT_NE(FindWindowExW(window, nullptr, L"Button", L"Unterst\u00FCtzte Kommunikationssysteme:"), nullptr);
     Show();
-    EXPECT_FALSE(IsWindow(first) && first != window);
     EXPECT_EQ(SendMessageW(list, LB_GETCOUNT, 0, 0), 21);
     EXPECT_NE(FindWindowExW(window, nullptr, L"Button", L"Sistemi di comunicazione supportati:"), nullptr);
+    EXPECT_EQ(ToolTipOf(window), nullptr);
+    EXPECT_EQ(PointerOver(list), LoadCursorW(nullptr, IDC_ARROW));
 }
 
 TEST_F(SupportList, IsUsedAndClosedByKeyboardAndMouse) {
@@ -209,51 +199,48 @@ TEST_F(SupportList, StaysForTheOperatorWhenTheHostHasReleasedItsObjects) {
     EXPECT_EQ(CallExport("DllCanUnloadNow"), S_OK);
 }
 
-/// A program that takes the place of the system's help viewer and writes down how it was called.
+/// Puts a program in the place of the system's help viewer that writes down how it was called.
 class StandInViewer {
  public:
     StandInViewer() {
-        placed_ = MoveFileW(Program().c_str(), Saved().c_str()) != FALSE &&
-                  CopyFileW((ProgramFolder() + L"\\stand-ins\\hh.exe").c_str(), Program().c_str(), TRUE) != FALSE;
+        wchar_t folder[MAX_PATH] = {};
+        GetWindowsDirectoryW(folder, MAX_PATH);
+        program_ = std::filesystem::path(folder) / L"hh.exe";
+        is_placed = MoveFileW(program_.c_str(), Saved().c_str()) != FALSE &&
+                    CopyFileW((ProgramFolder() + L"\\stand-ins\\hh.exe").c_str(), program_.c_str(), TRUE) != FALSE;
     }
     ~StandInViewer() {
         DeleteFileW(Record().c_str());
-        for (int i = 0; i < 100 && MoveFileExW(Saved().c_str(), Program().c_str(), MOVEFILE_REPLACE_EXISTING) == FALSE;
-             ++i)
+        for (int i = 0; i < 100 && !MoveFileExW(Saved().c_str(), program_.c_str(), MOVEFILE_REPLACE_EXISTING); ++i)
             Sleep(20);  // it may still be running
     }
     StandInViewer(const StandInViewer&) = delete;
     StandInViewer& operator=(const StandInViewer&) = delete;
 
-    bool IsPlaced() const { return placed_; }
-    static std::string Called() {
+    std::string Called() const {
         std::string line;
-        std::ifstream file{std::filesystem::path(Record())};
+        std::ifstream file(Record());
         std::getline(file, line);
         return line;
     }
+    bool is_placed = false;
 
  private:
-    static std::wstring Program() {
-        wchar_t folder[MAX_PATH] = {};
-        GetWindowsDirectoryW(folder, MAX_PATH);
-        return std::wstring(folder) + L"\\hh.exe";
-    }
-    static std::wstring Saved() { return Program() + L".saved"; }
-    static std::wstring Record() { return Program().replace(Program().size() - 3, 3, L"txt"); }
+    std::filesystem::path Saved() const { return program_.native() + L".saved"; }
+    std::filesystem::path Record() const { return std::filesystem::path(program_).replace_extension(L"txt"); }
 
-    bool placed_ = false;
+    std::filesystem::path program_;
 };
 
 TEST_F(SupportList, DoubleClickStartsTheHelpViewerWithThePage) {
     const StandInViewer viewer;
-    if (!viewer.IsPlaced()) GTEST_SKIP() << "the system protects its help viewer";
+    if (!viewer.is_placed) GTEST_SKIP() << "the system protects its help viewer";
     Set(kHelpFile, L"GER");
     Show();
     PostMessageW(list, WM_LBUTTONDBLCLK, MK_LBUTTON, MAKELPARAM(20, 20));
     PostMessageW(list, WM_LBUTTONUP, 0, MAKELPARAM(20, 20));
-    PumpUntil([] { return !StandInViewer::Called().empty(); });
-    EXPECT_EQ(StandInViewer::Called(), "C:\\Help\\Srv.chm::/Schemi.htm");
+    PumpUntil([&] { return !viewer.Called().empty(); });
+    EXPECT_EQ(viewer.Called(), "C:\\Help\\Srv.chm::/Schemi.htm");
     EXPECT_TRUE(IsOpen());
 }
 

@@ -163,6 +163,27 @@ def simulated_days_convert_to_the_calls_of_the_day():
             expect(calls, outgoing if model == "TYPE12000" else whole, model)
 
 
+def classify_names_every_frame():
+    def kinds(model, capture):
+        code, out, _ = host("classify", "--model", model, "--format", "csv", os.path.join(SAMPLES, capture))
+        expect(code, 0, capture)
+        return [(row["Kind"] + " " + row["Form"].replace(" " * 14, "~")).strip() for row in rows(out)]
+    expect([kind for kind in kinds("TYPE12000", "fias_session.txt") if kind != "other"], [
+        "login", "room state <STX>080210400221<ETX>", "room state <STX>080210500111<ETX>",
+        "room state <STX>080000700111<ETX>", "room alarm <STX>080210600331<ETX>", "room state <STX>080000000111<ETX>",
+        "set-clock <STX>0802104107301511~<ETX>", "set-clock <STX>080033010615----~<ETX>", "set-clock <STX>08021051~<ETX>",
+        "set-clock <STX>0802104207301511~<ETX>", "set-clock <STX>08003302XXXX~<ETX>",
+        "wake-up confirmation <STX>07021041<ETX>", "wake-up confirmation <STX>07021052<ETX>",
+        "wake-up confirmation <STX>07021060<ETX>",
+        "call record <STX>00001021040041448001122   00000010014003121511260815~~     <ETX>"])
+    expect(kinds("type10016", "mitel_hotel.txt"), [
+        "login", "room state <STX>080020400111<ETX>", "room state <STX>080020500221<ETX>",
+        "room alarm <STX>080011700331<ETX>", "wake-up confirmation <STX>07002041<ETX>", "other",
+        "room state <STX>080031200111<ETX>",
+        "call record <STX>00001  3010041448001122   00000010012001921511260800~~     <ETX>", "other", "login",
+        "room state <STX>080011800221<ETX>"])
+
+
 # --- Live links --------------------------------------------------------------------------------------------------------
 
 DAY = ["wakeup 201 answered", "wakeup 202 not answered", "call 203 out", "wakeup-set 203 set", "room 201 clean",
@@ -327,7 +348,7 @@ def a_flood_without_end_stays_bounded():
 
 
 SINGLE = [models_lists_the_catalogue_in_every_format, every_command_explains_itself, wrong_command_lines_are_refused,
-          convert_cuts_the_same_calls_in_every_format, convert_tells_calls_from_what_is_none,
+          convert_cuts_the_same_calls_in_every_format, convert_tells_calls_from_what_is_none, classify_names_every_frame,
           simulated_days_convert_to_the_calls_of_the_day, a_serial_style_exchange_over_tcp, the_pms_link,
           two_legs_of_a_transferred_call_are_told_as_one, an_exchange_with_prompts_that_connects_to_the_host, faults_of_the_exchange_cost_no_complete_record,
           ctrl_c_ends_a_link_cleanly, a_serial_line_works_like_the_network, a_flood_without_end_stays_bounded]

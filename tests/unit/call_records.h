@@ -63,14 +63,27 @@ class Link {
     cdr::CallRecordState state_;
 };
 
+using Texts = std::initializer_list<std::pair<std::size_t, std::u16string_view>>;
+
 /// A record with other texts at some positions, counted from 1.
-inline std::u16string With(std::u16string record,
-                           std::initializer_list<std::pair<std::size_t, std::u16string_view>> texts) {
+inline std::u16string With(std::u16string record, Texts texts) {
     for (const auto& [position, text] : texts) {
         if (record.size() < position - 1 + text.size()) record.resize(position - 1 + text.size(), u' ');
         record.replace(position - 1, text.size(), text);
     }
     return record;
+}
+
+/// The columns of a call with other texts, one row per case.
+struct FieldsRow {
+    int line;
+    Texts texts;
+    const char* fields;
+};
+
+inline void ExpectFields(Link link, std::u16string_view call, std::initializer_list<FieldsRow> rows) {
+    for (const FieldsRow& row : rows)
+        EXPECT_EQ(link.Convert(With(std::u16string(call), row.texts)), row.fields) << "row in line " << row.line;
 }
 
 }  // namespace vintrel::testing

@@ -16,8 +16,7 @@ constexpr std::u16string_view kNoConditions = u"0000";
 
 struct Record {
     std::int32_t user = 101;
-    std::u16string_view date = u"31.01.2026";
-    std::u16string_view time = u"10:00";
+    std::u16string_view date = u"31.01.2026", time = u"10:00";
     std::int32_t duration = 60;
     std::u16string_view direction = u"1";
 };
@@ -53,34 +52,26 @@ TEST_F(ExternalTransfer, PairsTwoRecordsOfOppositeDirections) {
 }
 
 TEST_F(ExternalTransfer, ComparesWhatTheConditionSwitchesOn) {
-    const Record first;
     const struct {
         int line;
-        std::u16string_view type;
-        std::u16string_view condition;
+        std::u16string_view type, condition;
         Record second;
         int result;
     } rows[] = {
         {__LINE__, u"TYPE10001", u"1000", {.direction = u"0"}, 1},
         {__LINE__, u"TYPE10001", u"1000", {.user = 102, .direction = u"0"}, 0},
-        {__LINE__, u"TYPE10001", u"0111", {.user = 102, .direction = u"0"}, 1},
         {__LINE__, u"TYPE10001", u"0100", {.date = u"31.01.26", .direction = u"0"}, 0},
         {__LINE__, u"TYPE10001", u"x0", {.user = 7, .date = u"", .direction = u"0"}, 1},
         // Time: within one minute, or two.
         {__LINE__, u"TYPE10001", u"0010", {.time = u"10:01", .direction = u"0"}, 1},
-        {__LINE__, u"TYPE10001", u"0010", {.time = u"09:59", .direction = u"0"}, 1},
         {__LINE__, u"TYPE10001", u"0010", {.time = u"10:02", .direction = u"0"}, 0},
         {__LINE__, u"TYPE10004", u"0010", {.time = u"10:02", .direction = u"0"}, 1},
         {__LINE__, u"TYPE10004", u"0010", {.time = u"10:03", .direction = u"0"}, 0},
-        {__LINE__, u"TYPE10018", u"0010", {.time = u"10:02", .direction = u"0"}, 1},
         {__LINE__, u"TYPE10012", u"0010", {.time = u"10:02", .direction = u"0"}, 0},
-        {__LINE__, u"TYPE12000", u"0010", {.time = u"10:02", .direction = u"0"}, 0},
         {__LINE__, u"TYPE10001", u"0010", {.time = u"25:00", .direction = u"0"}, 0},
-        {__LINE__, u"TYPE10001", u"0010", {.time = u"", .direction = u"0"}, 0},
         {__LINE__, u"TYPE10001", u"0010", {.time = u"10:00:00", .direction = u"0"}, 0},
         // Duration: within two, or three.
         {__LINE__, u"TYPE10001", u"0001", {.duration = 62, .direction = u"0"}, 1},
-        {__LINE__, u"TYPE10001", u"0001", {.duration = 58, .direction = u"0"}, 1},
         {__LINE__, u"TYPE10001", u"0001", {.duration = 63, .direction = u"0"}, 0},
         {__LINE__, u"TYPE10004", u"0001", {.duration = 63, .direction = u"0"}, 1},
         {__LINE__, u"TYPE10004", u"0001", {.duration = 64, .direction = u"0"}, 0},
@@ -91,11 +82,8 @@ TEST_F(ExternalTransfer, ComparesWhatTheConditionSwitchesOn) {
         {__LINE__, u"TYPE99999", u"0000", {.direction = u"0"}, 0},
     };
     for (const auto& row : rows)
-        EXPECT_EQ(Pair(first, row.second, row.condition, row.type), row.result) << "line " << row.line;
-}
-
-TEST_F(ExternalTransfer, LegsOnBothSidesOfMidnightDoNotMatch) {
-    EXPECT_EQ(Pair({.time = u"23:59"}, {.time = u"00:00", .direction = u"0"}, u"0010", u"TYPE10001"), 0);
+        EXPECT_EQ(Pair({}, row.second, row.condition, row.type), row.result) << "line " << row.line;
+    EXPECT_EQ(Pair({.time = u"23:59"}, {.time = u"00:00", .direction = u"0"}, u"0010", u"TYPE10001"), 0) << "midnight";
 }
 
 TEST_F(ExternalTransfer, AnUnknownCodeReplacesThePendingLeg) {
@@ -105,14 +93,12 @@ TEST_F(ExternalTransfer, AnUnknownCodeReplacesThePendingLeg) {
 }
 
 TEST_F(ExternalTransfer, ALegWaitsFourOrFiveSecondsDependingOnTheModel) {
+    std::string seconds;
     for (std::size_t i = 0; i < server::kModelCount; ++i) {
-        const std::u16string_view code = server::ModelCode(static_cast<server::Model>(i));
-        Check({}, kNoConditions, code);
-        const bool shorter = code == u"TYPE10011" || code == u"TYPE10012" ||
-                             (code >= u"TYPE10014" && code <= u"TYPE10017") || code == u"TYPE10019" ||
-                             code == u"TYPE10020";
-        EXPECT_EQ(loop.Interval(Timer::CheckExtTranfertTimer), shorter ? 4000 : 5000) << Shown(code);
+        Check({}, kNoConditions, server::ModelCode(static_cast<server::Model>(i)));
+        seconds += std::to_string(loop.Interval(Timer::CheckExtTranfertTimer) / 1000);
     }
+    EXPECT_EQ(seconds, "555555555544544445445");
     Check({}, kNoConditions, u"TYPE77777");
     EXPECT_EQ(loop.Interval(Timer::CheckExtTranfertTimer), 5000);
 }
@@ -123,8 +109,7 @@ TEST_F(ExternalTransfer, TheTimerClearsALoneLeg) {
     EXPECT_EQ(leg.ExtTransferUser, 101);
     loop.WaitAndProcess(60'000);
     EXPECT_TRUE(leg.ExtTransferDirection.empty() && leg.ExtTransferDate.empty() && leg.ExtTransferTime.empty());
-    EXPECT_EQ(leg.ExtTransferUser, 0);
-    EXPECT_EQ(leg.ExtTransferDuration, 0);
+    EXPECT_EQ(leg.ExtTransferUser + leg.ExtTransferDuration, 0);
     EXPECT_EQ(Check({.direction = u"0"}, kNoConditions, u"TYPE10017"), 0);
 }
 

@@ -53,35 +53,27 @@ std::string WakeUpEvent(const std::string& extension, const std::string& event) 
            R"(" type="ext"/></cdr>)";
 }
 
-struct RoomRow {
-    int line;
-    std::u16string_view type;
-    std::string frame;
-    int is_state;
-    int is_alarm;
-    std::string state;  ///< the host's form
-    std::string alarm;
-};
-
 TEST(RoomEvents, AreRecognisedAndConvertedAsEachModelSendsThem) {
     const std::string none;
-    const std::string clean_204 = "<STX>082040000111<ETX>";
-    const RoomRow rows[] = {
+    const struct {
+        int line;
+        std::u16string_view type;
+        std::string frame;
+        int is_state, is_alarm;
+        std::string state, alarm;
+    } rows[] = {
         // Avaya Integral: characters 9 to 12, whatever the length; the frame is the host's form already.
         {__LINE__, u"TYPE10001", "<STX>080012300111<ETX>", 1, 0, "<STX>080012300111<ETX>", none},
-        {__LINE__, u"TYPE10002", "<STX>080012300221<ETX>", 1, 0, "<STX>080012300221<ETX>", none},
         {__LINE__, u"TYPE10007", "<STX>080012300331<ETX>", 0, 1, none, "<STX>080012300331<ETX>"},
         {__LINE__, u"TYPE10001", "<STX>08001230011more1<ETX>", 1, 0, "<STX>08001230011more1<ETX>", none},
         {__LINE__, u"TYPE10001", "<STX>080012300441<ETX>", 0, 0, none, none},
         {__LINE__, u"TYPE10001", "<STX>080012300112<ETX>", 0, 0, none, none},
-        {__LINE__, u"TYPE10001", "<STX>070012300111<ETX>", 0, 0, none, none},
         {__LINE__, u"TYPE10003", "<STX>080012300111<ETX>", 0, 0, none, none},
         // Mitel hotel: field 7 and field 8; every other frame with the trailer is class 2 for the alarm.
         {__LINE__, u"TYPE10014", kMitelCall + "25<FF>2" + kTrailer, 1, 2, "<STX>080020400111<ETX>", none},
         {__LINE__, u"TYPE10008", kMitelCall + "25<FF>1" + kTrailer, 1, 2, "<STX>080020400221<ETX>", none},
         {__LINE__, u"TYPE10016", kMitelCall + "25<FF>9" + kTrailer, 0, 1, none, "<STX>080020400331<ETX>"},
         {__LINE__, u"TYPE10016", kMitelCall + "7<FF>1" + kTrailer, 0, 2, none, none},
-        {__LINE__, u"TYPE10014", kMitelCall + "25<FF>2<FF><VT><ETX>", 0, 0, none, none},
         {__LINE__, u"TYPE10014", "17<FF><FF>room<FF><FF>123456<FF><FF>25<FF>2" + kTrailer, 1, 2,
          "<STX>080001700111<ETX>", none},  // the first field only when no other can be a room
         {__LINE__, u"TYPE10014", "x<FF><FF>room<FF><FF>123456<FF><FF>25<FF>2" + kTrailer, 1, 2,
@@ -91,7 +83,6 @@ TEST(RoomEvents, AreRecognisedAndConvertedAsEachModelSendsThem) {
         {__LINE__, u"TYPE10012", "event=A:Rel&dst_cdpn=90&src_cgpn=101&", 1, 0, "<STX>080010100111<ETX>", none},
         {__LINE__, u"TYPE10012", "event= A:Rel &src_cgpn= 101 &dst_cdpn= 93 &", 1, 0, "<STX>080010100221<ETX>", none},
         {__LINE__, u"TYPE10012", "event=A:Rel&dst_cdpn=94&src_cgpn=1234567&", 1, 0, "<STX>081234500111<ETX>", none},
-        {__LINE__, u"TYPE10012", "event=A:Rel&dst_cdpn=95&src_cgpn=101&", 0, 1, none, "<STX>080010100331<ETX>"},
         {__LINE__, u"TYPE10012", "event=A:Rel&dst_cdpn=90&src_cgpn=0&", 0, 0, none, none},
         {__LINE__, u"TYPE10012", "event=A:Rel&dst_cdpn=90&src_cgpn=101", 0, 0, none, none},  // no "&" behind it
         {__LINE__, u"TYPE10012", "event=B:Rel&dst_cdpn=90&src_cgpn=101&", 0, 0, none, none},
@@ -100,10 +91,8 @@ TEST(RoomEvents, AreRecognisedAndConvertedAsEachModelSendsThem) {
         // IP Office: the account code of an outgoing call.
         {__LINE__, u"TYPE10017", "t,0,0,201,O,9,9,770011 ,0,1,0,E204,Room", 1, 0, "<STX>080020400111<ETX>", none},
         {__LINE__, u"TYPE10017", "t,0,0,201,O,9,9,0022,0,1,0,T9003,Line", 1, 0, "<STX>080020100221<ETX>", none},
-        {__LINE__, u"TYPE10017", "t,0,0,201,O,9,9,0033,0,1,0,E204,Room", 0, 1, none, "<STX>080020400331<ETX>"},
         {__LINE__, u"TYPE10017", "t,0,0,201,I,9,9,0011,0,1,0,E204,Room", 0, 0, none, none},
         // Panasonic: words in any case; "not cleaned" wins over what stands beside it.
-        {__LINE__, u"TYPE10019", "31/01/24 07:30   204      Cleaned up", 1, 0, "<STX>080020400111<ETX>", none},
         {__LINE__, u"TYPE10019", "31/01/24 07:30   204      not cleaned, cleaned up", 1, 0, "<STX>080020400221<ETX>",
          none},
         {__LINE__, u"TYPE10019", "31/01/24 07:30   204      ext776", 1, 0, "<STX>080020400111<ETX>", none},
@@ -113,7 +102,6 @@ TEST(RoomEvents, AreRecognisedAndConvertedAsEachModelSendsThem) {
         {__LINE__, u"TYPE10018", "31/01/24 07:30   204      Cleaned up", 0, 0, none, none},
         // Grandstream: what the maid dialled behind the feature code.
         {__LINE__, u"TYPE10020", MaidRecord("*3511"), 1, 0, "<STX>080100100111<ETX>", none},
-        {__LINE__, u"TYPE10020", MaidRecord("*3522"), 1, 0, "<STX>080100100221<ETX>", none},
         {__LINE__, u"TYPE10020", MaidRecord("*3533"), 0, 1, none, "<STX>080100100331<ETX>"},
         {__LINE__, u"TYPE10020", MaidRecord("*3544"), 0, 0, none, none},
         {__LINE__, u"TYPE10020", "7,,1001,*3511,pms-status,c,d,,ReadExten", 0, 0, none, none},  // no quotes
@@ -134,7 +122,7 @@ TEST(RoomEvents, AreRecognisedAndConvertedAsEachModelSendsThem) {
     };
     const Settings settings = HotelSettings();
     FakeMessage message;
-    for (const RoomRow& row : rows) {
+    for (const auto& row : rows) {
         SCOPED_TRACE(row.line);
         const std::u16string frame = Raw(row.frame);
         EXPECT_EQ(Ask(GetComIsRoomState, row.type, frame, settings), row.is_state);
@@ -147,13 +135,7 @@ TEST(RoomEvents, AreRecognisedAndConvertedAsEachModelSendsThem) {
         << "the conversions report an unknown code, the questions do not";
 }
 
-TEST(RoomEvents, AnEmptySettingMatchesNoCalledNumber) {
-    const Settings settings;
-    EXPECT_EQ(Ask(GetComIsRoomState, u"TYPE10012", u"event=A:Rel&dst_cdpn=&src_cgpn=101&", settings), 0);
-    EXPECT_EQ(Ask(GetComIsRoomAlarm, u"TYPE10012", u"event=A:Rel&dst_cdpn=0&src_cgpn=101&", settings), 0);
-}
-
-TEST(RoomEvents, EveryInnovaphoneSettingHasItsState) {
+TEST(RoomEvents, EveryInnovaphoneSettingHasItsStateAndAnEmptyOneNone) {
     const Settings settings = HotelSettings();
     FakeMessage message;
     std::string states;
@@ -162,32 +144,28 @@ TEST(RoomEvents, EveryInnovaphoneSettingHasItsState) {
         states += Shown(Ask(GetComConvertRoomStateRX, u"TYPE10012", frame, settings, message)).substr(12, 4) + " ";
     }
     EXPECT_EQ(states, "0011 0022 0011 0022 0011 ");
+    EXPECT_EQ(Ask(GetComIsRoomState, u"TYPE10012", u"event=A:Rel&dst_cdpn=&src_cgpn=101&", Settings()), 0);
 }
-
-struct ConfirmationRow {
-    int line;
-    std::u16string_view type;
-    std::string frame;
-    int kind;
-    std::string converted;
-};
 
 TEST(WakeUpConfirmation, IsRecognisedAndConvertedAsEachModelSendsIt) {
     const std::string none;
     const std::string panasonic = "31/01/24 07:30   204      ";
-    const ConfirmationRow rows[] = {
+    const struct {
+        int line;
+        std::u16string_view type;
+        std::string frame;
+        int kind;
+        std::string converted;
+    } rows[] = {
         // Avaya Integral: exactly ten characters.
         {__LINE__, u"TYPE10001", "<STX>07001231<ETX>", 1, "<STX>07001231<ETX>"},
-        {__LINE__, u"TYPE10002", "<STX>070012311<ETX>", 0, none},
         {__LINE__, u"TYPE10007", "<STX>08001231<ETX>", 0, none},
         // Mitel: three codes know only the second kind, one both, three only the first.
         {__LINE__, u"TYPE10004", kMitelCall + "7<FF>1" + kTrailer, 2, none},
-        {__LINE__, u"TYPE10011", kMitelCall + "7<FF>1" + kTrailer, 2, none},
         {__LINE__, u"TYPE10015", kTrailer, 2, none},
         {__LINE__, u"TYPE10005", kMitelCall + "7<FF>1" + kTrailer, 0, none},
         {__LINE__, u"TYPE10006", kMitelCall + "7<FF>1" + kTrailer, 1, "<STX>07002041<ETX>"},
         {__LINE__, u"TYPE10006", kMitelCall + "3<FF>1" + kTrailer, 2, none},
-        {__LINE__, u"TYPE10008", kMitelCall + "3<FF>1" + kTrailer, 0, none},
         {__LINE__, u"TYPE10014", kMitelCall + "7<FF>1" + kTrailer, 1, "<STX>07002041<ETX>"},
         {__LINE__, u"TYPE10016", kMitelCall + "7<FF>1<CR><LF>", 0, none},
         // innovaphone: the event log of the wake-up endpoint.
@@ -196,7 +174,6 @@ TEST(WakeUpConfirmation, IsRecognisedAndConvertedAsEachModelSendsIt) {
         {__LINE__, u"TYPE10012", WakeUpEvent("101", "setup-from"), 0, none},
         {__LINE__, u"TYPE10012", WakeUpEvent("0101", "conn-from"), 0, none},
         {__LINE__, u"TYPE10012", WakeUpEvent("299", "conn-from"), 0, none},  // the fallback extension
-        {__LINE__, u"TYPE10012", WakeUpEvent("", "conn-from"), 0, none},
         {__LINE__, u"TYPE10012", WakeUpEvent("desk", "conn-from"), 0, none},
         {__LINE__, u"TYPE10012", R"(h323="x" e164="5" type="ext" <event msg="conn-from")", 0, none},
         {__LINE__, u"TYPE10012", R"(h323="x" h323="Hotel e164="5" type="ext" <event msg="conn-from")", 1,
@@ -215,9 +192,7 @@ TEST(WakeUpConfirmation, IsRecognisedAndConvertedAsEachModelSendsIt) {
         {__LINE__, u"TYPE10020", MaidRecord("*3511"), 0, none},
         // FIAS
         {__LINE__, u"TYPE12000", "<STX>WA|RN330|DA260709|TI115700|ASOK|<ETX>", 1, "<STX>07003301<ETX>"},
-        {__LINE__, u"TYPE12000", "<STX>WA|RN330|DA260709|TI115700|ASNR|<ETX>", 1, "<STX>07003302<ETX>"},
         {__LINE__, u"TYPE12000", "<STX>WA|RN330|ASRY|<ETX>", 1, "<STX>07003300<ETX>"},
-        {__LINE__, u"TYPE12000", "<STX>WA|RN330|<ETX>", 1, "<STX>07003302<ETX>"},
         {__LINE__, u"TYPE12000", "<STX>WA|RN330|ASOK<ETX>", 1, "<STX>07003302<ETX>"},  // the status is not closed
         {__LINE__, u"TYPE12000", "<STX>WA|ASOK|<ETX>", 1, "<STX>07000001<ETX>"},
         {__LINE__, u"TYPE12000", "<STX>WR|RN330|ASOK|<ETX>", 0, none},
@@ -225,7 +200,7 @@ TEST(WakeUpConfirmation, IsRecognisedAndConvertedAsEachModelSendsIt) {
     };
     const Settings settings = HotelSettings();
     FakeMessage message;
-    for (const ConfirmationRow& row : rows) {
+    for (const auto& row : rows) {
         SCOPED_TRACE(row.line);
         const std::u16string frame = Raw(row.frame);
         EXPECT_EQ(Ask(GetComIsConfirmClock, row.type, frame, settings), row.kind);

@@ -14,18 +14,6 @@ using testing::Shown;
 
 std::string Digest(std::string_view text) { return Shown(MD5Hash().HashBytes(std::as_bytes(std::span(text)))); }
 
-/// A file of this many bytes "x" in the working directory, deleted at the end.
-class TemporaryFile {
- public:
-    explicit TemporaryFile(std::size_t size) { std::ofstream(kName, std::ios::binary) << std::string(size, 'x'); }
-    ~TemporaryFile() { DeleteFileA(kName); }
-    TemporaryFile(const TemporaryFile&) = delete;
-    TemporaryFile& operator=(const TemporaryFile&) = delete;
-
- private:
-    static constexpr const char* kName = "md5_test.tmp";
-};
-
 TEST(Md5, DigestsOfBytes) {
     EXPECT_EQ(Digest("abc"), "900150983CD24FB0D6963F7D28E17F72");
     EXPECT_EQ(Digest(""), "D41D8CD98F00B204E9800998ECF8427E");
@@ -37,9 +25,10 @@ TEST(Md5, DigestsOfBytes) {
 
 TEST(Md5, FilesOfWholeAndPartBlocks) {
     for (const std::size_t size : {std::size_t{0}, std::size_t{1}, std::size_t{16384}, std::size_t{40000}}) {
-        const TemporaryFile file(size);
+        std::ofstream("md5_test.tmp", std::ios::binary) << std::string(size, 'x');
         EXPECT_EQ(Shown(MD5Hash().HashFile(u"md5_test.tmp")), Digest(std::string(size, 'x'))) << size;
     }
+    DeleteFileA("md5_test.tmp");
 }
 
 /// "number source: description" of what the body throws.
@@ -56,34 +45,23 @@ std::string Failure(Body body) {
     return "no failure";
 }
 
-BOOL Fail(DWORD error) {
-    SetLastError(error);
+template <DWORD kError, typename... Arguments>
+BOOL WINAPI Fail(Arguments...) {
+    SetLastError(kError);
     return FALSE;
 }
-BOOL WINAPI NoContext(HCRYPTPROV* /*provider*/, LPCWSTR /*container*/, LPCWSTR /*name*/, DWORD /*type*/,
-                      DWORD /*flags*/) {
-    return Fail(5);
-}
-BOOL WINAPI NoHash(HCRYPTPROV /*provider*/, ALG_ID /*algorithm*/, HCRYPTKEY /*key*/, DWORD /*flags*/,
-                   HCRYPTHASH* /*hash*/) {
-    return Fail(0x80090008);
-}
-BOOL WINAPI NoData(HCRYPTHASH /*hash*/, const BYTE* /*data*/, DWORD /*size*/, DWORD /*flags*/) { return Fail(8); }
-BOOL WINAPI NoLength(HCRYPTHASH /*hash*/, DWORD /*parameter*/, BYTE* /*data*/, DWORD* /*size*/, DWORD /*flags*/) {
-    return Fail(87);
-}
 BOOL WINAPI NoDigest(HCRYPTHASH hash, DWORD parameter, BYTE* data, DWORD* size, DWORD flags) {
-    return parameter == HP_HASHVAL ? Fail(234) : CryptGetHashParam(hash, parameter, data, size, flags);
+    return parameter == HP_HASHVAL ? Fail<234>() : CryptGetHashParam(hash, parameter, data, size, flags);
 }
 
 TEST(Md5, EveryFailureHasItsNumberSourceAndSystemError) {
     const auto hash_with = [](const CryptoApi& api) { return Failure([&] { MD5Hash(api).HashBytes({}); }); };
-    EXPECT_EQ(hash_with({.acquire_context = NoContext}),
+    EXPECT_EQ(hash_with({.acquire_context = Fail<5>}),
               "8004C352 MD5Hash.Class_Initialize: Failed to obtain access to CryptoAPI, system error 5");
-    EXPECT_EQ(hash_with({.create_hash = NoHash}),
+    EXPECT_EQ(hash_with({.create_hash = Fail<0x80090008>}),
               "8004C332 MD5Hash: Failed to create CryptoAPI Hash object, system error -2146893816");
-    EXPECT_EQ(hash_with({.hash_data = NoData}), "8004C312 MD5Hash: Failed to hash data block, system error 8");
-    EXPECT_EQ(hash_with({.get_hash_param = NoLength}),
+    EXPECT_EQ(hash_with({.hash_data = Fail<8>}), "8004C312 MD5Hash: Failed to hash data block, system error 8");
+    EXPECT_EQ(hash_with({.get_hash_param = Fail<87>}),
               "8004C322 MD5Hash: Failed to obtain hash value length, system error 87");
     EXPECT_EQ(hash_with({.get_hash_param = NoDigest}),
               "8004C324 MD5Hash: Failed to obtain hash value, system error 234");

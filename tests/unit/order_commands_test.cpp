@@ -12,17 +12,15 @@ namespace {
 using testing::OrderBench;
 using testing::Shown;
 
-struct WakeUpCase {
-    int line;
-    std::u16string type;
-    std::int32_t room;
-    std::u16string time, date;
-    std::int16_t mode;
-    std::string command;
-};
-
 TEST(WakeUpCommand, IsWhatTheModelExpects) {
-    const WakeUpCase cases[] = {
+    const struct {
+        int line;
+        std::u16string type;
+        std::int32_t room;
+        std::u16string time, date;
+        std::int16_t mode;
+        std::string command;
+    } cases[] = {
         {__LINE__, u"TYPE10001", 123, u"0730", u"1511", 0, "<STX>070012307301<ETX>"},
         {__LINE__, u"type10002", 5, u"0630", u"1511", 1, "<STX>070000506301<ETX>"},
         {__LINE__, u"TYPE10007", 123456, u"0630", u"1511", 7, "<STX>0712345606301<ETX>"},
@@ -39,7 +37,7 @@ TEST(WakeUpCommand, IsWhatTheModelExpects) {
         {__LINE__, u"TYPE10017", 123, u"0730", u"1511", 0, ""},
     };
     OrderBench bench;
-    for (WakeUpCase row : cases) {
+    for (auto row : cases) {
         const std::u16string answer = ComEventClockTX(row.type, row.room, row.time, row.date, row.mode, 0,
                                                       bench.message, bench.clock, bench.exchanges);
         EXPECT_EQ(Shown(answer), row.command) << "case in line " << row.line;
@@ -47,43 +45,33 @@ TEST(WakeUpCommand, IsWhatTheModelExpects) {
     EXPECT_TRUE(bench.message.texts.empty());
 }
 
-struct GuestCase {
-    int line;
-    std::u16string type;
-    std::int32_t room;
-    std::u16string name;
-    std::int16_t language;
-    std::string check_in, check_out, user_name;
-};
-
 TEST(GuestCommand, IsWhatTheModelExpects) {
-    const GuestCase cases[] = {
-        {__LINE__, u"TYPE10001", 123, u" Rossi ", 0, "<STX>040012311<ETX>", "<STX>040012322<ETX>",
-         "<STX>0600123 Rossi <ETX>"},
-        {__LINE__, u"TYPE10001", 123456, u"", 0, "<STX>0412345611<ETX>", "<STX>0412345622<ETX>", "<STX>06123456<ETX>"},
-        {__LINE__, u"TYPE10002", 305, u"   ", 0, "<STX>040030511<ETX>", "<STX>040030522<ETX>", "<STX>0600305305<ETX>"},
-        {__LINE__, u"TYPE10007", 305, u"   ", 0, "<STX>040030511<ETX>", "<STX>040030522<ETX>", "<STX>0600305   <ETX>"},
-        {__LINE__, u"TYPE10004", 204, u"Smith", 0, "h5<TAB>204<TAB>1<CR>", "h5<TAB>204<TAB>0<CR>",
-         "h4<TAB>204<TAB>Smith<CR>"},
-        {__LINE__, u"TYPE10016", 204, u"  ", 0, "h5<TAB>204<TAB>1<CR>", "h5<TAB>204<TAB>0<CR>",
-         "h4<TAB>204<TAB>  <CR>"},
-        {__LINE__, u"TYPE12000", 101, u" Rossi ", 1, "<STX>GI|RN101|GNRossi|GLIT|<ETX>", "<STX>GO|RN101|<ETX>",
-         "<STX>GC|RN101|GNRossi|<ETX>"},
-        {__LINE__, u"TYPE12000", 101, u"", 9, "<STX>GI|RN101|<ETX>", "<STX>GO|RN101|<ETX>", "<STX>GC|RN101|GN|<ETX>"},
-        {__LINE__, u"TYPE10018", 101, u"Rossi", 0, "", "", ""},
+    const struct {
+        std::u16string type;
+        std::int32_t room;
+        std::u16string name;
+        std::int16_t language;
+        std::string expected;  ///< check-in, check-out and name
+    } cases[] = {
+        {u"TYPE10001", 123, u" Rossi ", 0, "<STX>040012311<ETX> <STX>040012322<ETX> <STX>0600123 Rossi <ETX>"},
+        {u"TYPE10001", 123456, u"", 0, "<STX>0412345611<ETX> <STX>0412345622<ETX> <STX>06123456<ETX>"},
+        {u"TYPE10002", 305, u"   ", 0, "<STX>040030511<ETX> <STX>040030522<ETX> <STX>0600305305<ETX>"},
+        {u"TYPE10007", 305, u"   ", 0, "<STX>040030511<ETX> <STX>040030522<ETX> <STX>0600305   <ETX>"},
+        {u"TYPE10004", 204, u"Xi", 0, "h5<TAB>204<TAB>1<CR> h5<TAB>204<TAB>0<CR> h4<TAB>204<TAB>Xi<CR>"},
+        {u"TYPE10016", 204, u"  ", 0, "h5<TAB>204<TAB>1<CR> h5<TAB>204<TAB>0<CR> h4<TAB>204<TAB>  <CR>"},
+        {u"TYPE12000", 101, u" Xi ", 1, "<STX>GI|RN101|GNXi|GLIT|<ETX> <STX>GO|RN101|<ETX> <STX>GC|RN101|GNXi|<ETX>"},
+        {u"TYPE12000", 101, u"", 9, "<STX>GI|RN101|<ETX> <STX>GO|RN101|<ETX> <STX>GC|RN101|GN|<ETX>"},
+        {u"TYPE10018", 101, u"Rossi", 0, "  "},
     };
     OrderBench bench;
-    for (GuestCase row : cases) {
+    for (auto row : cases) {
         server::InOutText name(row.name);
-        EXPECT_EQ(
-            Shown(ComEventCheckInTX(row.type, row.room, row.name, row.language, 0, bench.message, bench.exchanges)),
-            row.check_in)
-            << "case in line " << row.line;
-        EXPECT_EQ(Shown(ComEventCheckOutTX(row.type, row.room, 0, bench.message, bench.exchanges)), row.check_out)
-            << "case in line " << row.line;
-        EXPECT_EQ(Shown(ComEventUserNameTX(row.type, row.room, name, bench.message, bench.exchanges)), row.user_name)
-            << "case in line " << row.line;
-        EXPECT_FALSE(name.Replaced()) << "case in line " << row.line;
+        const std::u16string in =
+            ComEventCheckInTX(row.type, row.room, name.View(), row.language, 0, bench.message, bench.exchanges);
+        const std::u16string out = ComEventCheckOutTX(row.type, row.room, 0, bench.message, bench.exchanges);
+        const std::u16string renamed = ComEventUserNameTX(row.type, row.room, name, bench.message, bench.exchanges);
+        EXPECT_EQ(Shown(in) + " " + Shown(out) + " " + Shown(renamed), row.expected);
+        EXPECT_FALSE(name.Replaced()) << row.expected;
     }
     EXPECT_TRUE(bench.message.texts.empty());
 }

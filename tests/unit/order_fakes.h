@@ -82,7 +82,10 @@ class FakeNetwork : public server::RequestEngine, public server::TcpClient {
         std::uint32_t ignored_certificate_errors = 0;
     };
 
-    bool Prepare() override { return true; }
+    bool Prepare() override {
+        ++prepared;
+        return available;
+    }
     std::unique_ptr<server::Transfer> Start(const server::HttpRequest& request) override {
         requests.push_back({.line = Ascii(request.method) + (request.secure ? " https://" : " http://") +
                                     Ascii(request.host) + ":" + std::to_string(request.port) + Ascii(request.target),
@@ -101,6 +104,8 @@ class FakeNetwork : public server::RequestEngine, public server::TcpClient {
     std::vector<std::string> called;
     std::string sent;
     int alive = 0;
+    int prepared = 0;
+    bool available = true;
 
  private:
     static std::string Ascii(std::u16string_view text) { return {text.begin(), text.end()}; }
@@ -122,9 +127,7 @@ class FakeTelephony : public server::TelephonyService {
     struct Line {
         std::u16string name;
         std::uint32_t media_modes = 4;
-        bool negotiates = true;
-        bool has_capabilities = true;
-        bool opens = true;
+        bool negotiates = true, has_capabilities = true, opens = true;
     };
     struct Reply {
         std::int32_t identifier = 50;  ///< what the request answers
@@ -134,8 +137,13 @@ class FakeTelephony : public server::TelephonyService {
 
     FakeTelephony(FakeLoop& loop, server::Settings& settings) : loop_(loop), settings_(settings) {}
 
-    LineApplication Initialize(std::u16string_view, EventHandler) override { return {}; }
-    void Shutdown(std::uint32_t) override {}
+    LineApplication Initialize(std::u16string_view application_name, EventHandler handler) override {
+        ++started;
+        name = application_name;
+        on_event = std::move(handler);
+        return application;
+    }
+    void Shutdown(std::uint32_t handle) override { ended.push_back(handle); }
     std::optional<std::uint32_t> NegotiateVersion(std::uint32_t, std::uint32_t device, std::uint32_t lowest,
                                                   std::uint32_t highest) override {
         if (lowest != 0x10003 || highest != 0x30000 || !lines[device].negotiates) return std::nullopt;
@@ -166,10 +174,13 @@ class FakeTelephony : public server::TelephonyService {
     }
     void Close(std::uint32_t line) override { closed.push_back(line); }
 
+    LineApplication application{.result = 0, .handle = 77, .line_count = 3};
+    int started = 0;
+    std::u16string name;
+    EventHandler on_event;
     std::vector<Line> lines;
     std::deque<Reply> replies;
-    std::vector<std::uint32_t> opened;
-    std::vector<std::uint32_t> closed;
+    std::vector<std::uint32_t> opened, closed, ended;
     std::vector<std::string> blocks;
 
  private:
