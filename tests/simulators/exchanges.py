@@ -1,7 +1,6 @@
 """Exchanges that answer as the real ones do, on free ports of this machine, and that fail on demand.
 
 Each runs in threads of its own and keeps what it received, byte for byte.
-Standalone: python3 exchanges.py innovaphone|grandstream|ip_office [FAULT]
 """
 import base64
 import contextlib
@@ -10,7 +9,6 @@ import socket
 import ssl
 import struct
 import subprocess
-import sys
 import threading
 import time
 
@@ -269,20 +267,3 @@ def make_certificate(folder, expired=False):
     subprocess.run(["openssl", "ca", "-batch", "-notext", "-selfsign", "-config", settings, "-keyfile", key,
                     "-in", request, "-out", certificate, "-startdate", years[0], "-enddate", years[1]], **quietly)
     return certificate, key
-
-
-def main(kind, fault=""):
-    makers = {"innovaphone": Innovaphone, "ip_office": IpOffice, "grandstream": lambda f: Grandstream("/tmp", f)}
-    exchange = makers[kind](fault)
-    print(f"{kind} on port {exchange.port}, user {USER}, password {PASSWORD}; Ctrl+C ends it", flush=True)
-    seen = 0
-    while True:
-        time.sleep(0.2)
-        for request in exchange.received[seen:]:
-            print(request.decode("latin-1"), flush=True)
-        seen = len(exchange.received)
-
-
-if __name__ == "__main__":
-    with contextlib.suppress(KeyboardInterrupt):
-        main(*sys.argv[1:])

@@ -11,10 +11,13 @@
 #include <utility>
 #include <vector>
 
+#include "../com/client.h"
 #include "Vintrel.h"
 
 namespace {
 
+using vintrel::testing::Ref;
+using vintrel::testing::Text;
 using Words = std::vector<std::wstring>;
 
 [[noreturn]] void Stop(const char* what, long code) {
@@ -24,18 +27,17 @@ using Words = std::vector<std::wstring>;
 }
 
 template <typename Interface>
-Interface* Create(HMODULE server, REFCLSID clsid, REFIID iid) {
+Ref<Interface> Create(HMODULE server, REFCLSID clsid) {
     using GetClassObject = HRESULT(WINAPI*)(REFCLSID, REFIID, void**);
     const auto get =
         reinterpret_cast<GetClassObject>(reinterpret_cast<void*>(GetProcAddress(server, "DllGetClassObject")));
     if (get == nullptr) Stop("find the class objects", static_cast<long>(GetLastError()));
-    IClassFactory* factory = nullptr;
-    void* object = nullptr;
-    HRESULT result = get(clsid, IID_IClassFactory, reinterpret_cast<void**>(&factory));
-    if (SUCCEEDED(result)) result = factory->CreateInstance(nullptr, iid, &object);
+    Ref<IClassFactory> factory;
+    Ref<Interface> object;
+    HRESULT result = get(clsid, IID_IClassFactory, factory.OutVoid());
+    if (SUCCEEDED(result)) result = factory->CreateInstance(nullptr, __uuidof(Interface), object.OutVoid());
     if (FAILED(result)) Stop("create a class", result);
-    factory->Release();
-    return static_cast<Interface*>(object);
+    return object;
 }
 
 std::wstring Wide(const std::string& text) {
@@ -53,29 +55,11 @@ std::string Utf8(BSTR text) {
     return bytes;
 }
 
-class Argument {
- public:
-    explicit Argument(const std::wstring& text) : text_(SysAllocString(text.c_str())) {}
-    ~Argument() { SysFreeString(text_); }
-    Argument(const Argument&) = delete;
-    Argument& operator=(const Argument&) = delete;
-    BSTR* operator&() { return &text_; }
-
- private:
-    BSTR text_;
-};
-
 class Host {
  public:
     explicit Host(HMODULE server)
-        : setup_(Create<_SetServerOptions>(server, CLSID_SetServerOptions, IID__SetServerOptions)),
-          orders_(Create<_ComEventsTX>(server, CLSID_ComEventsTX, IID__ComEventsTX)) {}
-    ~Host() {
-        orders_->Release();
-        setup_->Release();
-    }
-    Host(const Host&) = delete;
-    Host& operator=(const Host&) = delete;
+        : setup_(Create<_SetServerOptions>(server, CLSID_SetServerOptions)),
+          orders_(Create<_ComEventsTX>(server, CLSID_ComEventsTX)) {}
 
     std::string Do(const Words& words) {
         const std::wstring& what = words[0];
@@ -84,46 +68,45 @@ class Host {
         short zero = 0;
         VARIANT nothing;
         VariantInit(&nothing);
-        Argument word(words.at(1));
+        Text word(words.at(1));
         HRESULT result = E_INVALIDARG;
-        if (what == L"documents") result = setup_->SetAllUserCommonDocumentsDirA(&word, &nothing);
+        if (what == L"documents") result = setup_->SetAllUserCommonDocumentsDirA(word.Var(), &nothing);
         if (what == L"initialize") {
-            result = setup_->InitializeServer(&word, &zero);
-            if (SUCCEEDED(result)) result = setup_->InitializeServerSec(&word, &zero);
+            result = setup_->InitializeServer(word.Var(), &zero);
+            if (SUCCEEDED(result)) result = setup_->InitializeServerSec(word.Var(), &zero);
         }
-        if (what == L"uninitialize") result = setup_->UnInitializeServer(&word, &zero);
+        if (what == L"uninitialize") result = setup_->UnInitializeServer(word.Var(), &zero);
         return SUCCEEDED(result) ? "done" : "failed " + std::to_string(result);
     }
 
     std::string Order(const Words& words) {
-        Argument type(words.at(1));
+        Text type(words.at(1));
         long room = std::wcstol(words.at(2).c_str(), nullptr, 10);
         const auto number = [&](std::size_t i) {
             return static_cast<short>(std::wcstol(words.at(i).c_str(), nullptr, 10));
         };
-        BSTR answer = nullptr;
+        Text answer;
         HRESULT result = E_INVALIDARG;
         if (words[0] == L"wakeup") {
-            Argument time(words.at(3));
-            Argument date(words.at(4));
+            Text time(words.at(3));
+            Text date(words.at(4));
             short mode = number(5);
             short language = number(6);
-            result = orders_->ComEventClockTX(&type, &room, &time, &date, &mode, &language, &answer);
+            result =
+                orders_->ComEventClockTX(type.Var(), &room, time.Var(), date.Var(), &mode, &language, answer.Var());
         } else if (words[0] == L"checkin") {
-            Argument name(words.at(3));
+            Text name(words.at(3));
             short language = number(4);
             short change = number(5);
-            result = orders_->ComEventCheckInTX(&type, &room, &name, &language, &change, &answer);
+            result = orders_->ComEventCheckInTX(type.Var(), &room, name.Var(), &language, &change, answer.Var());
         } else if (words[0] == L"checkout") {
             short change = number(3);
-            result = orders_->ComEventCheckOutTX(&type, &room, &change, &answer);
+            result = orders_->ComEventCheckOutTX(type.Var(), &room, &change, answer.Var());
         } else {
-            Argument name(words.at(3));
-            result = orders_->ComEventUserNameTX(&type, &room, &name, &answer);
+            Text name(words.at(3));
+            result = orders_->ComEventUserNameTX(type.Var(), &room, name.Var(), answer.Var());
         }
-        const std::string text = SUCCEEDED(result) ? Utf8(answer) : "failed " + std::to_string(result);
-        SysFreeString(answer);
-        return text;
+        return SUCCEEDED(result) ? Utf8(*answer.Var()) : "failed " + std::to_string(result);
     }
 
  private:
@@ -135,8 +118,8 @@ class Host {
         return std::to_string(counters.PeakWorkingSetSize / 1024);
     }
 
-    _SetServerOptions* setup_;
-    _ComEventsTX* orders_;
+    Ref<_SetServerOptions> setup_;
+    Ref<_ComEventsTX> orders_;
 };
 
 Host* the_host = nullptr;

@@ -50,12 +50,6 @@ TEST_F(HiddenWindow, IsMadeAnewWhenItsThreadHasEnded) {
     EXPECT_LT(Elapsed(), 2000U);
 }
 
-TEST_F(HiddenWindow, WaitsLastAsLongAsTheyShould) {
-    WaitMilliseconds(loop, 100);
-    EXPECT_GE(Elapsed(), 84U) << "one step of the tick count less";
-    EXPECT_LT(Elapsed(), 2000U);
-}
-
 /// A window that sends itself a message for every one that it gets.
 LRESULT CALLBACK Flood(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
     if (message == WM_APP) PostMessageW(window, WM_APP, 0, 0);
@@ -72,6 +66,7 @@ TEST_F(HiddenWindow, AFloodOfMessagesDoesNotHoldAWait) {
     ASSERT_NE(window, nullptr);
     PostMessageW(window, WM_APP, 0, 0);
     WaitMilliseconds(loop, 100);
+    EXPECT_GE(Elapsed(), 84U) << "one step of the tick count less";
     EXPECT_LT(Elapsed(), 2000U);
     DestroyWindow(window);
 }

@@ -115,9 +115,8 @@ TEST_F(NetworkOrders, InnovaphoneRepeatsItsLastRequestForAnUnknownWakeUpMode) {
 }
 
 TEST_F(NetworkOrders, InnovaphoneConfirmsWithExactlyOneElement) {
-    for (const std::pair<std::string, std::string>& row :
-         {std::pair("  <show state=\"ok\"/> ", "<OK>"), {"<show state=\"ok\"/>\r\n", "<ERROR>"}, {"", "<ERROR>"}}) {
-        const auto& [answer, verdict] = row;
+    for (const auto& [answer, verdict] : std::map<std::string, std::string>{
+             {"  <show state=\"ok\"/> ", "<OK>"}, {"<show state=\"ok\"/>\r\n", "<ERROR>"}, {"", "<ERROR>"}}) {
         network.scripts = {PeerScript::Answering(answer)};
         EXPECT_EQ(CheckOut(u"TYPE10012", false), verdict) << answer;
     }

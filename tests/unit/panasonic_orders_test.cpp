@@ -15,24 +15,19 @@ using testing::Shown;
 class PanasonicOrders : public ::testing::Test, protected testing::OrderBench {
  protected:
     PanasonicOrders() {
-        telephony.lines = {{.name = u"EXT00101"}, {.name = u" ext00204 \0rest"}, {.name = u"EXT123456"}};
-        telephony.lines[1].name = std::u16string(u" ext00204 \0rest", 15);
+        telephony.lines = {{u"EXT00101"}, {std::u16string(u" ext00204 \0rest", 15)}, {u"EXT123456"}};
         settings.TapiLineCount = 3;
     }
     std::string WakeUp(std::int32_t room, std::u16string_view time, std::int16_t mode) {
-        std::u16string type = u"TYPE10019";
         return Shown(ComEventClockTX(type, room, time, u"1511", mode, 0, message, clock, exchanges));
     }
     std::string CheckIn(std::u16string_view name) {
-        std::u16string type = u"TYPE10019";
         return Shown(ComEventCheckInTX(type, 204, name, 0, 0, message, exchanges));
     }
     std::string CheckOut(std::int16_t change_name) {
-        std::u16string type = u"TYPE10019";
         return Shown(ComEventCheckOutTX(type, 204, change_name, message, exchanges));
     }
     std::string UserName() {
-        std::u16string type = u"TYPE10019";
         server::InOutText name(u"Rossi");
         return Shown(ComEventUserNameTX(type, 204, name, message, exchanges));
     }
@@ -43,10 +38,13 @@ class PanasonicOrders : public ::testing::Test, protected testing::OrderBench {
         return word;
     }
     std::string NameBytes(std::size_t block) const { return telephony.blocks[block].substr(36); }
+
+    std::u16string type = u"TYPE10019";
+    const FakeTelephony::Reply second{.identifier = 51, .after = 20, .replied_identifier = 51};
 };
 
 TEST_F(PanasonicOrders, AWakeUpCallPacksItsTimeAndKeepsTheWordsThatItDoesNotSet) {
-    telephony.replies = {{.identifier = 50}, {.identifier = 50}, {.identifier = 50}, {.identifier = 50}};
+    telephony.replies = {{}, {}, {}, {}};
     EXPECT_EQ(WakeUp(204, u"0730", 2), "<OK>");
     EXPECT_EQ(WakeUp(204, u"2359", -4), "<OK>");  // a negative mode sets, and keeps the repeat word
     EXPECT_EQ(WakeUp(204, u"0101", 1), "<OK>");   // clearing keeps both
@@ -70,7 +68,6 @@ TEST_F(PanasonicOrders, AWakeUpCallPacksItsTimeAndKeepsTheWordsThatItDoesNotSet)
 }
 
 TEST_F(PanasonicOrders, ACheckInSetsTheNameInASecondRequest) {
-    const FakeTelephony::Reply second{.identifier = 51, .after = 20, .replied_identifier = 51};
     telephony.replies = {{}, second, {}, second, {}, second};
     EXPECT_EQ(CheckIn(u" Ren\u00E9 "), "<OK>");
     EXPECT_EQ(CheckIn(u"Maximilian Hubertus von Tal"), "<OK>");
@@ -117,22 +114,20 @@ TEST_F(PanasonicOrders, TheLineIsTheFirstVoiceLineOfThatNameThatAnswers) {
 }
 
 TEST_F(PanasonicOrders, OnlyTheReplyToItsOwnRequestConfirms) {
-    struct Case {
+    const struct {
         int line;
         FakeTelephony::Reply reply;
         std::string verdict;
         std::uint64_t milliseconds;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {__LINE__, {.identifier = 50, .after = 0}, "<OK>", 200},  // before the request has returned
         {__LINE__, {.identifier = 50, .after = 2990}, "<OK>", 3190},
         {__LINE__, {.identifier = 50, .after = 3100}, "<OK>", 3200},  // within the pause
         {__LINE__, {.identifier = 50, .after = FakeTelephony::kNoReply}, "<ERROR>", 3200},
         {__LINE__, {.identifier = 50, .after = 20, .replied_identifier = 51}, "<ERROR>", 3200},
         {__LINE__, {.identifier = 0, .after = FakeTelephony::kNoReply}, "<ERROR>", 0},
-        {__LINE__, {.identifier = -5, .after = FakeTelephony::kNoReply}, "<ERROR>", 0},
     };
-    for (const Case& row : cases) {
+    for (const auto& row : cases) {
         const std::uint64_t before = clock.milliseconds;
         telephony.replies = {row.reply};
         EXPECT_EQ(CheckOut(0), row.verdict) << "case in line " << row.line;
@@ -149,12 +144,9 @@ TEST_F(PanasonicOrders, AFailedFirstRequestSendsNoSecondAndAStaleReplyConfirmsNo
     EXPECT_EQ(telephony.blocks.size(), 1U);
     telephony.replies = {{}, {.identifier = 50, .after = FakeTelephony::kNoReply}};
     EXPECT_EQ(CheckIn(u"Rossi"), "<ERROR>");
-}
-
-TEST_F(PanasonicOrders, ABelatedReplyToAnEarlierOrderTakesNoConfirmationBack) {
-    telephony.replies = {{.identifier = 50, .after = 3300}, {.identifier = 51, .after = 20, .replied_identifier = 51}};
+    telephony.replies = {{.identifier = 50, .after = 3300}, second};
     EXPECT_EQ(CheckOut(0), "<ERROR>");
-    EXPECT_EQ(CheckOut(0), "<OK>");
+    EXPECT_EQ(CheckOut(0), "<OK>") << "the belated reply takes no confirmation back";
 }
 
 TEST_F(PanasonicOrders, NeedTheServiceOnlyWhenHotelFunctionsAreOn) {

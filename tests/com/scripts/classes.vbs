@@ -31,15 +31,12 @@ Check "element in place", codes(0), "TYPE10012"
 
 Dim unset
 Check "variable that was never set", info.GetPabxTypeName(unset), "type not found"
-Check "literal", program.GetPABXTCPIPREConnection("type10019"), 65500
 
 code = "type10001"
 info.GetPabxActiveType code
 Check "statement", code, "TYPE10001"
 
-Check "text and number", events.GetComIsSetClock("TYPE10001", Chr(2) & "080012307301" & Chr(3)), 1
 Check "constant", gdv.GetGdvPTYNumberLenStart, 53
-Check "wait", orders.ComPortTxWaitConfirm("TYPE10001"), 1
 options.SetServerLanguage "ITA"
 
 Dim record
