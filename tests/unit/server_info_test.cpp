@@ -41,6 +41,21 @@ TEST(ServerInfo, UnknownCodesAreAnsweredWithoutAReport) {
     }
 }
 
+TEST(ServerInfo, ListsTheModelsInCodeOrderWithFiasLast) {
+    WindowThatRecords window;
+    ViewerThatRecords viewer;
+    Settings settings;
+    settings.FormCaptions = {u"hint", u"heading"};
+    GetPabxTypeList(settings, window, viewer);
+    EXPECT_EQ(window.shown.caption, u" Pabx Com Server  V 2.841");
+    EXPECT_EQ(window.shown.tool_tip, u"hint");
+    EXPECT_EQ(window.shown.heading, u"heading");
+    ASSERT_EQ(window.shown.lines.size(), 21U);
+    EXPECT_EQ(window.shown.lines.front(), u"Avaya - Integral 1/3/5 SW xE3.xxx - xE5.xxx");
+    EXPECT_EQ(window.shown.lines[19], u"Grandstream - UCM6300 Series");
+    EXPECT_EQ(window.shown.lines.back(), u"FIAS - PMS");
+}
+
 TEST(ServerInfo, DoubleClickOpensTheHelpPageThatIsSetAtThatMoment) {
     WindowThatRecords window;
     ViewerThatRecords viewer;
