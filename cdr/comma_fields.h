@@ -16,25 +16,27 @@ template <std::size_t Count>
 class CommaFields {
  public:
     explicit CommaFields(std::u16string_view text) {
+        std::size_t count = 0;
         const char16_t* start = text.data();
         const char16_t* const end = start + text.size();
         server::EachCharacter(start, end, u',', [&](const char16_t* comma) {
-            fields_[count_++] = std::u16string_view(start, comma);
+            fields_[count++] = std::u16string_view(start, comma);
             start = comma + 1;
-            return count_ < Count;
+            return count < Count;
         });
-        if (count_ < Count) fields_[count_++] = std::u16string_view(start, end);
+        if (count < Count) fields_[count++] = std::u16string_view(start, end);
+        last_ = count - 1;
     }
 
     template <std::size_t Number>
     std::u16string_view Field() const {
         static_assert(Number >= 1 && Number <= Count);
-        return fields_[std::min(Number, count_) - 1];
+        return fields_[std::min(Number - 1, last_)];
     }
 
  private:
     std::array<std::u16string_view, Count> fields_;
-    std::size_t count_ = 0;
+    std::size_t last_ = 0;  ///< counted from 0; there is always one field
 };
 
 }  // namespace vintrel::cdr

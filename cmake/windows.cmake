@@ -54,7 +54,10 @@ target_link_options(Vintrel PRIVATE
 set(release $<AND:$<COMPILE_LANGUAGE:CXX>,$<CONFIG:Release>>)
 foreach(part vintrel_core vintrel_edge Vintrel)
   target_compile_options(${part} PRIVATE
-    $<${release}:-g1 -Os -fno-asynchronous-unwind-tables -ffunction-sections -fdata-sections -fno-threadsafe-statics>)
+    $<${release}:-g1 -Os -ffunction-sections -fdata-sections -fno-threadsafe-statics>)
+  if(VINTREL_ARCHITECTURE STREQUAL x86)  # 64-bit Windows unwinds with these tables
+    target_compile_options(${part} PRIVATE $<${release}:-fno-asynchronous-unwind-tables>)
+  endif()
 endforeach()
 file(GLOB fast_sources CONFIGURE_DEPENDS cdr/*.cpp)
 list(APPEND fast_sources server/text.cpp server/catalogue.cpp server/type_code.cpp)
