@@ -10,7 +10,6 @@ namespace vintrel::cdr {
 namespace {
 
 using server::BlankPad;
-using server::Left;
 using server::Mid;
 using server::NumberValue;
 using server::Right;
