@@ -8,6 +8,6 @@
 namespace vintrel::cdr {
 
 /// One fixed-column line; every line is a call.
-Outcome ConvertAlcatel(std::u16string_view record, GdvSlots& slots);
+Outcome ConvertAlcatel(std::u16string_view record, GdvRecord& gdv);
 
 }  // namespace vintrel::cdr

@@ -43,7 +43,7 @@ double DurationOf(std::u16string_view text) {
 
 }  // namespace
 
-Outcome ConvertAlgoral(server::InOutText& record, GdvSlots& slots) {
+Outcome ConvertAlgoral(server::InOutText& record, GdvRecord& gdv) {
     constexpr std::size_t kUsefulEnd = 301;
     const std::size_t colon = record.View().find(u':');
     if (colon == std::u16string_view::npos) return Outcome::Rejected;
@@ -56,21 +56,21 @@ Outcome ConvertAlgoral(server::InOutText& record, GdvSlots& slots) {
     const std::u16string_view text = record.View();
     const Kind kind = KindOf(Mid(text, 139, 1));
 
-    AssignUnreported(slots);
-    Assign(slots.line, ZeroPad(Trim(Mid(text, 16, 3)), 5));
-    Assign(slots.user, ZeroPad(Trim(Mid(text, 8, 5)), 5));
-    if (kind.type == kTypeNotAnswered && NumberValue(slots.user) == 0) Assign(slots.user, u"09999");
-    if (kind.number != 0) Assign(slots.number, BlankPad(Mid(text, kind.number, 16), 16));
-    AssignUserCode(slots, Mid(text, 291, 4));
-    Assign(slots.type, kind.type);
-    Assign(slots.unity, ZeroPad(Trim(Mid(text, 70, 4)), 4));
-    AssignNumber(slots.duration, DurationOf(text));
-    Assign(slots.day, Mid(text, 25, 2));
-    Assign(slots.month, Mid(text, 28, 2));
-    Assign(slots.year, Mid(text, 33, 2));
-    Assign(slots.hour, Mid(text, 36, 2));
-    Assign(slots.minute, Mid(text, 39, 2));
-    Assign(slots.pty_number, kNoPtyNumber);
+    AssignUnreported(gdv);
+    Assign<kLine>(gdv, ZeroPad(Trim(Mid(text, 16, 3)), 5));
+    Assign<kUser>(gdv, ZeroPad(Trim(Mid(text, 8, 5)), 5));
+    if (kind.type == kTypeNotAnswered && NumberValue(gdv.Slot<kUser>()) == 0) Assign<kUser>(gdv, u"09999");
+    if (kind.number != 0) Assign<kNumber>(gdv, BlankPad(Mid(text, kind.number, 16), 16));
+    AssignUserCode(gdv, Mid(text, 291, 4));
+    Assign<kType>(gdv, kind.type);
+    Assign<kUnity>(gdv, ZeroPad(Trim(Mid(text, 70, 4)), 4));
+    AssignNumber<kDurationS>(gdv, DurationOf(text));
+    Assign<kDateD>(gdv, Mid(text, 25, 2));
+    Assign<kDateM>(gdv, Mid(text, 28, 2));
+    Assign<kDateY>(gdv, Mid(text, 33, 2));
+    Assign<kTimeH>(gdv, Mid(text, 36, 2));
+    Assign<kTimeM>(gdv, Mid(text, 39, 2));
+    Assign<kPTYNumber>(gdv, kNoPtyNumber);
     return Outcome::Call;
 }
 

@@ -8,6 +8,6 @@ namespace vintrel::cdr {
 
 /// The text from the first ":" to position 301, behind the tag "*Term.", becomes the caller's text and is converted;
 /// every record is a call. Without ":" the record is rejected and stays.
-Outcome ConvertAlgoral(server::InOutText& record, GdvSlots& slots);
+Outcome ConvertAlgoral(server::InOutText& record, GdvRecord& gdv);
 
 }  // namespace vintrel::cdr

@@ -23,8 +23,8 @@ struct CallRecordState {
 /// @param record  replaced by the text that was cut out of it for TYPE10003 and TYPE10010, else unchanged.
 /// @return the Gdv record; the single character DLE when the record is not a call to be charged; empty, after the error
 ///         report, for an unknown code. A record with a value that does not fit comes out shorter than 87 characters.
-GdvText GetComConvertStringRX(std::u16string_view type, server::InOutText& record, CallRecordState& state,
-                              const server::Settings& settings, const server::Clock& clock,
-                              server::CriticalMessage& message);
+GdvRecord GetComConvertStringRX(std::u16string_view type, server::InOutText& record, CallRecordState& state,
+                                const server::Settings& settings, const server::Clock& clock,
+                                server::CriticalMessage& message);
 
 }  // namespace vintrel::cdr

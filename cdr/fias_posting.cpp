@@ -50,29 +50,29 @@ Posting::Posting(std::u16string_view record) {
 
 }  // namespace
 
-Outcome ConvertFiasPosting(std::u16string_view record, GdvSlots& slots) {
+Outcome ConvertFiasPosting(std::u16string_view record, GdvRecord& gdv) {
     const Posting posting(record);
     if (posting.describes_link) return Outcome::Rejected;
 
-    AssignUnreported(slots);
-    Assign(slots.line, u"00001");
+    AssignUnreported(gdv);
+    Assign<kLine>(gdv, u"00001");
     // A field that no "|" follows fails, and its slots stay empty.
-    if (posting.room) AssignNumberValue(slots.user, *posting.room);
-    if (posting.dialled) Assign(slots.number, BlankPad(*posting.dialled, 16));
-    Assign(slots.user_code, kNoUserCode);
-    Assign(slots.type, kTypeOutgoing);
-    if (posting.pulses) AssignNumberValue(slots.unity, *posting.pulses);
-    if (posting.duration) AssignNumberValue(slots.duration, *posting.duration);
+    if (posting.room) AssignNumberValue<kUser>(gdv, *posting.room);
+    if (posting.dialled) Assign<kNumber>(gdv, BlankPad(*posting.dialled, 16));
+    Assign<kUserCode>(gdv, kNoUserCode);
+    Assign<kType>(gdv, kTypeOutgoing);
+    if (posting.pulses) AssignNumberValue<kUnity>(gdv, *posting.pulses);
+    if (posting.duration) AssignNumberValue<kDurationS>(gdv, *posting.duration);
     if (posting.date) {  // year, month, day
-        Assign(slots.day, Right(*posting.date, 2));
-        Assign(slots.month, Mid(*posting.date, 3, 2));
-        Assign(slots.year, Left(*posting.date, 2));
+        Assign<kDateD>(gdv, Right(*posting.date, 2));
+        Assign<kDateM>(gdv, Mid(*posting.date, 3, 2));
+        Assign<kDateY>(gdv, Left(*posting.date, 2));
     }
     if (posting.time) {
-        Assign(slots.hour, Left(*posting.time, 2));
-        Assign(slots.minute, Mid(*posting.time, 3, 2));
+        Assign<kTimeH>(gdv, Left(*posting.time, 2));
+        Assign<kTimeM>(gdv, Mid(*posting.time, 3, 2));
     }
-    Assign(slots.pty_number, kNoPtyNumber);
+    Assign<kPTYNumber>(gdv, kNoPtyNumber);
     return Outcome::Call;
 }
 

@@ -8,6 +8,6 @@
 namespace vintrel::cdr {
 
 /// A record of fields "|RN102|DD...|"; link descriptions and link records are no calls.
-Outcome ConvertFiasPosting(std::u16string_view record, GdvSlots& slots);
+Outcome ConvertFiasPosting(std::u16string_view record, GdvRecord& gdv);
 
 }  // namespace vintrel::cdr

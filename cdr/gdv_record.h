@@ -21,6 +21,9 @@ namespace vintrel::cdr {
 struct GdvField {
     std::int16_t start;
     std::int16_t length;
+
+    constexpr std::size_t Width() const { return static_cast<std::size_t>(length); }
+    bool operator==(const GdvField&) const = default;
 };
 
 // The body, left to right without separators.
@@ -41,11 +44,15 @@ inline constexpr GdvField kTimeM{.start = 51, .length = 2};
 inline constexpr GdvField kPTYNumber{.start = 53, .length = 16};
 inline constexpr GdvField kMacAddress{.start = 69, .length = 17};
 
+/// All of them, in order.
+inline constexpr std::array kGdvFields{kLine,      kUser,  kNumber, kUserCode, kSpare, kInfo,  kType,      kUnity,
+                                       kDurationS, kDateD, kDateM,  kDateY,    kTimeH, kTimeM, kPTYNumber, kMacAddress};
+
 /// The framed record: STX, the body, ETX.
 inline constexpr GdvField kGdvBody{.start = 2, .length = 85};
 inline constexpr std::int16_t kGdvRecordLength = 87;
 
-consteval bool FillsTheBody(std::initializer_list<GdvField> fields) {
+consteval bool FillTheBody(const decltype(kGdvFields)& fields) {
     int next = 1;
     for (const GdvField& field : fields) {
         if (field.start != next) return false;
@@ -53,8 +60,7 @@ consteval bool FillsTheBody(std::initializer_list<GdvField> fields) {
     }
     return next == kGdvBody.length + 1;
 }
-static_assert(FillsTheBody({kLine, kUser, kNumber, kUserCode, kSpare, kInfo, kType, kUnity, kDurationS, kDateD, kDateM,
-                            kDateY, kTimeH, kTimeM, kPTYNumber, kMacAddress}));
+static_assert(FillTheBody(kGdvFields));
 
 /// Copies `Count` characters in the machine's own moves.
 template <std::size_t Count>
@@ -78,6 +84,18 @@ inline void CopyShort(char16_t* out, std::u16string_view text) {
         *out = *from;
     }
 }
+
+/// "00" to "99", one behind the other.
+inline constexpr auto kDigitPairs = [] {
+    std::array<char16_t, 200> pairs{};
+    for (unsigned i = 0; i < pairs.size(); ++i)
+        pairs[i] = static_cast<char16_t>(u'0' + (i % 2 == 0 ? i / 20 : i / 2 % 10));
+    return pairs;
+}();
+
+// What slots are padded with.
+inline constexpr std::u16string_view kZeros = u"00000";
+inline constexpr std::u16string_view kBlanks = u"                 ";
 
 /// A short text that lives where it stands.
 template <std::size_t Capacity>
@@ -108,110 +126,86 @@ class InlineText {
         part.CopyTo(characters_.data() + size_);
         size_ = static_cast<std::uint8_t>(size_ + part.size());
     }
-    void Replace(std::size_t positions, char16_t character, char16_t replacement) {
-        for (std::size_t i = 0, end = std::min<std::size_t>(positions, size_); i < end; ++i)
-            characters_[i] = characters_[i] == character ? replacement : characters_[i];  // no branch
-    }
 
  private:
     std::array<char16_t, Capacity> characters_;  // written before they are read: `size_` of them count
     std::uint8_t size_ = 0;
 };
 
-/// The place of one field in a record that is being filled.
-template <std::size_t Width>
-class Slot {
+/// What a converter fills, each field at its place: its slot. A slot that stays empty makes the record shorter, and the
+/// host rejects it by its length. The result of a conversion: a call, the reject marker, or empty.
+class GdvRecord {
  public:
-    explicit Slot(char16_t* place) : place_(place) {}
-    Slot(const Slot&) = delete;
-    Slot& operator=(const Slot&) = delete;
+    GdvRecord() {}  // NOLINT(modernize-use-equals-default): = default would clear the characters first
 
-    std::u16string_view View() const { return {place_, size_}; }
-    operator std::u16string_view() const { return View(); }  // NOLINT(google-explicit-constructor): it is a text
-    std::size_t size() const { return size_; }
-    bool Full() const { return size_ == Width; }
-
-    void Clear() { size_ = 0; }
-    /// The text must fit.
-    void Become(std::u16string_view text) {
-        if (text.size() == Width) {  // as almost always: one copy of known size
-            CopyFixed<Width>(place_, text.data());
-        } else {
-            CopyShort(place_, text);
-        }
-        size_ = text.size();
-    }
-    void Become(const server::Padded& text) {
-        std::fill_n(place_, Width, text.character);
-        CopyShort(place_ + (text.in_front ? text.count : 0), text.text);
-        size_ = text.size();
-    }
-    /// The last digits of the number, as many as fit.
-    void BecomeDigits(unsigned number) {
-        static_assert(Width == 4 || Width == 5);
-        if constexpr (Width == 5) place_[0] = static_cast<char16_t>(u'0' + number / 10000 % 10);
-        // Each digit by itself: none waits for the one behind it.
-        char16_t* const four = place_ + Width - 4;
-        four[0] = static_cast<char16_t>(u'0' + number / 1000 % 10);
-        four[1] = static_cast<char16_t>(u'0' + number / 100 % 10);
-        four[2] = static_cast<char16_t>(u'0' + number / 10 % 10);
-        four[3] = static_cast<char16_t>(u'0' + number % 10);
-        size_ = Width;
-    }
-
- private:
-    char16_t* place_;
-    std::size_t size_ = 0;
-};
-
-template <GdvField Field>
-using GdvSlot = Slot<static_cast<std::size_t>(Field.length)>;
-
-/// A converted call, the reject marker, or empty.
-class GdvText {
- public:
-    GdvText() {}  // NOLINT(modernize-use-equals-default): = default would clear the characters first
-
+    /// The whole record, once it is assembled.
     std::u16string_view View() const { return {characters_.data(), size_}; }
     operator std::u16string_view() const { return View(); }  // NOLINT(google-explicit-constructor): it is a text
     std::size_t size() const { return size_; }
 
- private:
-    friend class GdvSlots;
-    std::array<char16_t, kGdvRecordLength> characters_;  // written before they are read: `size_` of them count
-    std::size_t size_ = 0;
-};
-
-/// What a converter fills, each slot at its place in the record. A slot that stays empty makes the record shorter, and
-/// the host rejects it by its length.
-class GdvSlots {
-    GdvText& record_;
-    char16_t* At(const GdvField& field) { return record_.characters_.data() + kGdvBody.start - 1 + field.start - 1; }
-
- public:
-    explicit GdvSlots(GdvText& record) : record_(record) {}
-
-    GdvSlot<kLine> line{At(kLine)};
-    GdvSlot<kUser> user{At(kUser)};
-    GdvSlot<kNumber> number{At(kNumber)};
-    GdvSlot<kUserCode> user_code{At(kUserCode)};
-    GdvSlot<kSpare> spare{At(kSpare)};
-    GdvSlot<kInfo> info{At(kInfo)};
-    GdvSlot<kType> type{At(kType)};
-    GdvSlot<kUnity> unity{At(kUnity)};
-    GdvSlot<kDurationS> duration{At(kDurationS)};
-    GdvSlot<kDateD> day{At(kDateD)};
-    GdvSlot<kDateM> month{At(kDateM)};
-    GdvSlot<kDateY> year{At(kDateY)};
-    GdvSlot<kTimeH> hour{At(kTimeH)};
-    GdvSlot<kTimeM> minute{At(kTimeM)};
-    GdvSlot<kPTYNumber> pty_number{At(kPTYNumber)};
-    GdvSlot<kMacAddress> mac_address{At(kMacAddress)};
+    template <GdvField Field>
+    std::u16string_view Slot() const {
+        return {At(Field), sizes_[kIndex<Field>]};
+    }
+    template <GdvField Field>
+    void Clear() {
+        sizes_[kIndex<Field>] = 0;
+    }
+    /// The text must fit.
+    template <GdvField Field>
+    void Become(std::u16string_view text) {
+        if (text.size() == Field.Width()) {  // as almost always: one copy of known size
+            CopyFixed<Field.Width()>(At(Field), text.data());
+        } else {
+            CopyShort(At(Field), text);
+        }
+        sizes_[kIndex<Field>] = text.size();
+    }
+    template <GdvField Field>
+    void Become(const server::Padded& text) {
+        CopyFixed<Field.Width()>(At(Field), text.character == u'0' ? kZeros.data() : kBlanks.data());
+        CopyShort(At(Field) + (text.in_front ? text.count : 0), text.text);
+        sizes_[kIndex<Field>] = text.size();
+    }
+    /// In the slot's first positions.
+    template <GdvField Field>
+    void Replace(std::size_t positions, char16_t character, char16_t replacement) {
+        char16_t* const slot = At(Field);
+        const auto replaced = [=](char16_t c) { return c == character ? replacement : c; };  // no branch
+        if (positions == Field.Width() && sizes_[kIndex<Field>] == Field.Width())  // as almost always: in the machine's own pieces
+            for (std::size_t i = 0; i < Field.Width(); ++i) slot[i] = replaced(slot[i]);
+        else
+            std::transform(slot, slot + std::min(positions, sizes_[kIndex<Field>]), slot, replaced);
+    }
+    /// The last digits of the number, as many as fit.
+    template <GdvField Field>
+    void BecomeDigits(unsigned number) {
+        char16_t* end = At(Field) + Field.Width();
+        for (std::size_t left = Field.Width(); left > 1; left -= 2, number /= 100)
+            CopyFixed<2>(end -= 2, kDigitPairs.data() + number % 100 * 2);
+        if constexpr (Field.Width() % 2 == 1) *--end = static_cast<char16_t>(u'0' + number % 10);
+        sizes_[kIndex<Field>] = Field.Width();
+    }
 
     /// The record becomes STX, the slots without the gaps that short ones leave, ETX.
     void Assemble();
     /// The record becomes the reject marker (DLE).
     void Reject();
+
+ private:
+    static constexpr std::size_t kCount = kGdvFields.size();
+    template <GdvField Field>
+    static constexpr auto kIndex = static_cast<std::size_t>(std::find(kGdvFields.begin(), kGdvFields.end(), Field) -
+                                                            kGdvFields.begin());
+
+    char16_t* At(const GdvField& field) { return characters_.data() + kGdvBody.start - 1 + field.start - 1; }
+    const char16_t* At(const GdvField& field) const {
+        return characters_.data() + kGdvBody.start - 1 + field.start - 1;
+    }
+
+    std::array<char16_t, kGdvRecordLength> characters_;  // written before they are read: `size_` of them count
+    std::size_t size_ = 0;
+    std::array<std::size_t, kCount> sizes_{};  // of the slots
 };
 
 /// What a converter made of a record.
@@ -223,8 +217,9 @@ enum class Outcome : std::uint8_t {
 // Texts of slots that an exchange does not report.
 inline constexpr std::u16string_view kNoUserCode = u"0000";
 inline constexpr std::u16string_view kNoUnity = u"0000";
-inline constexpr std::u16string_view kNoPtyNumber = u"                ";
-inline constexpr std::u16string_view kNoMacAddress = u"                 ";
+inline constexpr std::u16string_view kNoDuration = u"00000";
+inline constexpr std::u16string_view kNoPtyNumber = kBlanks.substr(0, kPTYNumber.Width());
+inline constexpr std::u16string_view kNoMacAddress = kBlanks.substr(0, kMacAddress.Width());
 
 /// The Type codes that converters of this server set.
 inline constexpr std::u16string_view kTypeOutgoing = u"1";
@@ -233,73 +228,76 @@ inline constexpr std::u16string_view kTypeIncoming = u"0";
 inline constexpr std::u16string_view kTypeIncomingContinued = u"2";
 inline constexpr std::u16string_view kTypeNotAnswered = u"7";
 
-/// The slot becomes the value. A value that does not fit leaves the slot as it was.
-template <std::size_t Width>
-void Assign(Slot<Width>& slot, std::u16string_view value) {
-    if (value.size() <= Width) slot.Become(value);
+/// The field's slot becomes the value. A value that does not fit leaves the slot as it was.
+template <GdvField Field>
+void Assign(GdvRecord& gdv, std::u16string_view value) {
+    if (value.size() <= Field.Width()) gdv.Become<Field>(value);
 }
 
 /// The same with a padded value; nothing, a failed step, leaves the slot as it was.
-template <std::size_t Width>
-void Assign(Slot<Width>& slot, const std::optional<server::Padded>& value) {
-    if (value && value->size() <= Width) slot.Become(*value);
+template <GdvField Field>
+[[gnu::always_inline]] inline void Assign(GdvRecord& gdv, const std::optional<server::Padded>& value) {
+    if (value && value->size() <= Field.Width()) gdv.Become<Field>(*value);
 }
 
-/// The number as a decimal string, zero-padded to the slot's width: the long way, for fractions, signs and exponents.
-void AssignDecimal(Slot<4>& slot, double value);
-void AssignDecimal(Slot<5>& slot, double value);
+/// The smallest whole number that a field has no room for.
+template <GdvField Field>
+inline constexpr int kBeyond = Field.length == 2   ? 100
+                               : Field.length == 4 ? 10'000
+                                                   : 100'000;
 
-/// The number as a decimal string, zero-padded to the slot's width.
-template <std::size_t Width>
-void AssignNumber(Slot<Width>& slot, double value) {
-    constexpr int kBeyond = Width == 4 ? 10'000 : 100'000;
-    const bool plain = value >= 0 && value < kBeyond;
+/// The number as a decimal string, zero-padded to the field's width.
+template <GdvField Field>
+void AssignNumber(GdvRecord& gdv, double value) {
+    const bool plain = value >= 0 && value < kBeyond<Field>;
     if (const int whole = plain ? static_cast<int>(value) : 0; plain && whole == value)
-        slot.BecomeDigits(static_cast<unsigned>(whole));
-    else
-        AssignDecimal(slot, value);
+        gdv.BecomeDigits<Field>(static_cast<unsigned>(whole));
+    else  // the long way, for fractions, signs and exponents
+        Assign<Field>(gdv, server::ZeroPad(server::DecimalText(value), Field.length));
 }
 
 /// The same for the number value of a text.
-template <std::size_t Width>
-void AssignNumberValue(Slot<Width>& slot, std::u16string_view text) {
-    constexpr int kBeyond = Width == 4 ? 10'000 : 100'000;
-    if (const auto plain = server::PlainNumber(text); plain && *plain < kBeyond)
-        slot.BecomeDigits(static_cast<unsigned>(*plain));
+template <GdvField Field>
+void AssignNumberValue(GdvRecord& gdv, std::u16string_view text) {
+    if (const auto plain = server::PlainNumber(text); plain && *plain < kBeyond<Field>)
+        gdv.BecomeDigits<Field>(static_cast<unsigned>(*plain));
     else
-        AssignNumber(slot, server::NumberValue(text));
+        AssignNumber<Field>(gdv, server::NumberValue(text));
 }
 
 /// Spare flag and Info "0", MAC address blank: what almost every exchange leaves open.
-void AssignUnreported(GdvSlots& slots);
+void AssignUnreported(GdvRecord& gdv);
 
 /// The trimmed user code, zero-padded; "0000" when it is empty.
-void AssignUserCode(GdvSlots& slots, std::u16string_view user_code);
+void AssignUserCode(GdvRecord& gdv, std::u16string_view user_code);
 
 /// Day, month, year within the century, hour and minute.
-void AssignDateTime(GdvSlots& slots, const server::DateTime& date_time);
+void AssignDateTime(GdvRecord& gdv, const server::DateTime& date_time);
 
 /// The seconds of a text "hhmmss": its first two, third and fourth, and last two characters, each by its number value.
 double HoursMinutesSecondsToSeconds(std::u16string_view hhmmss);
-/// The same of its three parts, which are joined first.
-inline double HoursMinutesSecondsToSeconds(std::u16string_view hours, std::u16string_view minutes,
-                                           std::u16string_view seconds) {
+
+/// The seconds of three texts of at most two characters, which are joined first, zero-padded.
+inline void AssignDuration(GdvRecord& gdv, std::u16string_view hours, std::u16string_view minutes,
+                           std::u16string_view seconds) {
     const auto two_digits = [](std::u16string_view text) {
         return text.size() == 2 && server::IsDigit(text[0]) && server::IsDigit(text[1]);
     };
     const auto value = [](std::u16string_view text) { return (text[0] - u'0') * 10 + (text[1] - u'0'); };
-    if (two_digits(hours) && two_digits(minutes) && two_digits(seconds))
-        return value(hours) * 3600 + value(minutes) * 60 + value(seconds);
-    return HoursMinutesSecondsToSeconds(InlineText<6>(hours, minutes, seconds));
+    if (two_digits(hours) && two_digits(minutes) && two_digits(seconds)) {
+        const int duration = value(hours) * 3600 + value(minutes) * 60 + value(seconds);
+        if (duration < kBeyond<kDurationS>) gdv.BecomeDigits<kDurationS>(static_cast<unsigned>(duration));
+        return;
+    }
+    AssignNumber<kDurationS>(gdv, HoursMinutesSecondsToSeconds(InlineText<6>(hours, minutes, seconds)));
 }
 
-/// Replaces a character in the first positions of the text, as many as the trimmed text has: the end of a text with
+/// The text with a character replaced in its first positions, as many as the trimmed text has: the end of a text with
 /// blanks in front is not visited.
-template <std::size_t Capacity>
-InlineText<Capacity> ReplaceCharacter(std::u16string_view text, char16_t character, char16_t replacement) {
-    InlineText<Capacity> result(text);
-    result.Replace(server::Trim(text).size(), character, replacement);
-    return result;
+template <GdvField Field>
+void AssignReplaced(GdvRecord& gdv, std::u16string_view text, char16_t character, char16_t replacement) {
+    Assign<Field>(gdv, text);
+    gdv.Replace<Field>(server::Trim(text).size(), character, replacement);
 }
 
 /// The digits of the text, in order, at most `Capacity`.

@@ -96,31 +96,32 @@ bool IsGroupLeg(const QuotedFields& row) {
            UpperEquals(row[kDContext], u"EXT-GROUP") || (group_application && !server::IsDigits(row[kDstChannelExt]));
 }
 
-void AssignUpperParty(GdvSlot<kNumber>& slot, std::u16string_view party) {
-    AssignParty(slot, party, [](char16_t c) { return server::Upper(c); });
+template <GdvField Field>
+void AssignUpperParty(GdvRecord& gdv, std::u16string_view party) {
+    AssignParty<Field>(gdv, party, [](char16_t c) { return server::Upper(c); });
 }
 
-void FillOutgoing(const QuotedFields& row, bool continued, GdvSlots& slots) {
+void FillOutgoing(const QuotedFields& row, bool continued, GdvRecord& gdv) {
     const std::u16string_view src = row[kSrc];
     const std::u16string_view user = FirstExtension({src, row[kChannelExt], row[kActionOwner]}, kNoUser);
-    Assign(slots.user, server::ZeroPad(user, 5));
-    AssignUpperParty(slots.number, row[kDst]);
-    Assign(slots.type, continued ? kTypeOutgoingContinued : kTypeOutgoing);
-    AssignUpperParty(slots.pty_number, IsExtension(src) ? u"" : src);
+    Assign<kUser>(gdv, server::ZeroPad(user, 5));
+    AssignUpperParty<kNumber>(gdv, row[kDst]);
+    Assign<kType>(gdv, continued ? kTypeOutgoingContinued : kTypeOutgoing);
+    AssignUpperParty<kPTYNumber>(gdv, IsExtension(src) ? u"" : src);
 }
 
-void FillIncoming(const QuotedFields& row, bool answered, bool continued, GdvSlots& slots) {
+void FillIncoming(const QuotedFields& row, bool answered, bool continued, GdvRecord& gdv) {
     const std::u16string_view dst = row[kDst];
     const std::u16string_view user = FirstExtension({row[kDstAnswer], row[kDstChannelExt], dst}, kNoUser);
-    Assign(slots.user, server::ZeroPad(user, 5));
-    AssignUpperParty(slots.number, row[kSrc]);
-    Assign(slots.type, !answered ? kTypeNotAnswered : continued ? kTypeIncomingContinued : kTypeIncoming);
-    AssignUpperParty(slots.pty_number, dst == user ? u"" : dst);
+    Assign<kUser>(gdv, server::ZeroPad(user, 5));
+    AssignUpperParty<kNumber>(gdv, row[kSrc]);
+    Assign<kType>(gdv, !answered ? kTypeNotAnswered : continued ? kTypeIncomingContinued : kTypeIncoming);
+    AssignUpperParty<kPTYNumber>(gdv, dst == user ? u"" : dst);
 }
 
 }  // namespace
 
-Outcome ConvertGrandstream(std::u16string_view record, GdvSlots& slots) {
+Outcome ConvertGrandstream(std::u16string_view record, GdvRecord& gdv) {
     const QuotedFields row(record, kQuotes, kActionType);
     if (!IsCallRecord(row) || IsHelperRow(row) || IsFeatureRow(row)) return Outcome::Rejected;
     const std::optional<Direction> direction = DirectionOf(row);
@@ -133,17 +134,17 @@ Outcome ConvertGrandstream(std::u16string_view record, GdvSlots& slots) {
     if (direction == Direction::Incoming) {
         // The leg that takes the call may come later, so the legs that rang in vain say nothing about the call.
         if (!answered && IsGroupLeg(row)) return Outcome::Rejected;
-        FillIncoming(row, answered, IsTransferred(row), slots);
+        FillIncoming(row, answered, IsTransferred(row), gdv);
     } else {
         if (unanswered) return Outcome::Rejected;
-        FillOutgoing(row, direction == Direction::TrunkToTrunk || IsTransferred(row), slots);
+        FillOutgoing(row, direction == Direction::TrunkToTrunk || IsTransferred(row), gdv);
     }
-    Assign(slots.line, kTrunkLine);
-    AssignAccount(slots.user_code, row[kAccountCode]);
-    AssignUnreported(slots);
-    Assign(slots.unity, kNoUnity);
-    AssignSeconds(slots.duration, seconds);
-    AssignStart(slots, row[kStart]);
+    Assign<kLine>(gdv, kTrunkLine);
+    AssignAccount(gdv, row[kAccountCode]);
+    AssignUnreported(gdv);
+    Assign<kUnity>(gdv, kNoUnity);
+    AssignSeconds(gdv, seconds);
+    AssignStart(gdv, row[kStart]);
     return Outcome::Call;
 }
 

@@ -9,6 +9,6 @@ namespace vintrel::cdr {
 
 /// One record of the exchange's real-time output: columns in single quotes, separated by commas. Internal calls, helper
 /// rows of ring groups, feature codes and wake-up calls are rejected.
-Outcome ConvertGrandstream(std::u16string_view record, GdvSlots& slots);
+Outcome ConvertGrandstream(std::u16string_view record, GdvRecord& gdv);
 
 }  // namespace vintrel::cdr

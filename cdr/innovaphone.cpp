@@ -84,41 +84,42 @@ std::u16string_view FirstRoom(std::initializer_list<std::u16string_view> parties
     return found == parties.end() ? kUnknownUser : *found;
 }
 
-void AssignNumberOf(GdvSlot<kNumber>& slot, std::u16string_view party) {
-    AssignParty(slot, party, [](char16_t c) { return c == u'+' ? server::kBlank : c; });
+template <GdvField Field>
+void AssignNumberOf(GdvRecord& gdv, std::u16string_view party) {
+    AssignParty<Field>(gdv, party, [](char16_t c) { return c == u'+' ? server::kBlank : c; });
 }
 
-void FillIncoming(const Leg& leg, GdvSlots& slots) {
+void FillIncoming(const Leg& leg, GdvRecord& gdv) {
     const std::u16string_view dialled = leg.keys[Key::SrcCdpn];
     const std::u16string_view reached = leg.keys[Key::DstCdpn];
     const bool diverted = dialled != reached && !reached.empty();
 
-    Assign(slots.user, server::ZeroPad(FirstRoom({reached, dialled}), 5));
-    AssignNumberOf(slots.number, leg.keys[Key::SrcCgpn]);
-    Assign(slots.type, leg.connected == 0 ? kTypeNotAnswered : leg.continued ? kTypeIncomingContinued : kTypeIncoming);
-    AssignNumberOf(slots.pty_number, !IsRoom(reached) ? reached : diverted ? dialled : u"");
+    Assign<kUser>(gdv, server::ZeroPad(FirstRoom({reached, dialled}), 5));
+    AssignNumberOf<kNumber>(gdv, leg.keys[Key::SrcCgpn]);
+    Assign<kType>(gdv, leg.connected == 0 ? kTypeNotAnswered : leg.continued ? kTypeIncomingContinued : kTypeIncoming);
+    AssignNumberOf<kPTYNumber>(gdv, !IsRoom(reached) ? reached : diverted ? dialled : u"");
 }
 
-void FillOutgoing(const Leg& leg, GdvSlots& slots) {
+void FillOutgoing(const Leg& leg, GdvRecord& gdv) {
     const std::u16string_view diverting = leg.keys[Key::SrcDgpn];
     const std::u16string_view calling = leg.keys[Key::SrcCgpn];
     const std::u16string_view reached = leg.keys[Key::DstCdpn];
     const std::u16string_view user = FirstRoom({diverting, calling, leg.keys[Key::DstCgpn]});
     const bool transferred = leg.continued || !diverting.empty();
 
-    Assign(slots.user, server::ZeroPad(user, 5));
-    AssignNumberOf(slots.number, reached.empty() ? leg.keys[Key::SrcCdpn] : reached);
-    Assign(slots.type, transferred ? kTypeOutgoingContinued : kTypeOutgoing);
-    AssignNumberOf(slots.pty_number, calling == user ? u"" : calling);
+    Assign<kUser>(gdv, server::ZeroPad(user, 5));
+    AssignNumberOf<kNumber>(gdv, reached.empty() ? leg.keys[Key::SrcCdpn] : reached);
+    Assign<kType>(gdv, transferred ? kTypeOutgoingContinued : kTypeOutgoing);
+    AssignNumberOf<kPTYNumber>(gdv, calling == user ? u"" : calling);
 }
 
 /// The instant of the answer, else of the record ("YYYYMMDD-hhmmss"), as local time. A date that does not exist keeps
 /// its digits.
-void AssignInstant(const Leg& leg, const server::Clock& clock, GdvSlots& slots) {
+void AssignInstant(const Leg& leg, const server::Clock& clock, GdvRecord& gdv) {
     if (leg.connected != 0) {
         const std::optional<server::DateTime> utc = DateTimeOf(leg.connected);
         const std::optional<server::DateTime> local = utc ? clock.UtcToLocal(*utc) : std::nullopt;
-        if (local) AssignDateTime(slots, *local);
+        if (local) AssignDateTime(gdv, *local);
         return;
     }
     const std::u16string_view date = leg.keys[Key::Date];
@@ -132,10 +133,10 @@ void AssignInstant(const Leg& leg, const server::Clock& clock, GdvSlots& slots) 
                                .hour = number(Mid(time, 1, 2)),
                                .minute = number(Mid(time, 3, 2)),
                                .second = number(Mid(time, 5, 2))};
-    AssignDateTime(slots, clock.UtcToLocal(utc).value_or(utc));
+    AssignDateTime(gdv, clock.UtcToLocal(utc).value_or(utc));
 }
 
-Outcome ConvertLeg(const Leg& leg, const server::Settings& settings, const server::Clock& clock, GdvSlots& slots) {
+Outcome ConvertLeg(const Leg& leg, const server::Settings& settings, const server::Clock& clock, GdvRecord& gdv) {
     const std::u16string_view src_if = leg.keys[Key::SrcIf];
     const std::u16string_view dst_if = leg.keys[Key::DstIf];
     if (StaysInside(src_if, dst_if)) return Outcome::Rejected;
@@ -144,22 +145,22 @@ Outcome ConvertLeg(const Leg& leg, const server::Settings& settings, const serve
     if (direction == Direction::Outgoing && leg.connected == 0) return Outcome::Rejected;
 
     const std::int64_t disconnected = WholeNumber(leg.keys[Key::DiscTime]);
-    Assign(slots.line, kGatewayLine);
-    direction == Direction::Incoming ? FillIncoming(leg, slots) : FillOutgoing(leg, slots);
-    Assign(slots.user_code, kNoUserCode);
-    AssignUnreported(slots);
-    Assign(slots.unity, kNoUnity);
-    AssignSeconds(slots.duration, leg.connected == 0 ? 0 : disconnected - leg.connected);
-    AssignInstant(leg, clock, slots);
-    slots.mac_address.Clear();
-    Assign(slots.mac_address, server::BlankPad(leg.keys[Key::SrvId], kMacAddress.length));
+    Assign<kLine>(gdv, kGatewayLine);
+    direction == Direction::Incoming ? FillIncoming(leg, gdv) : FillOutgoing(leg, gdv);
+    Assign<kUserCode>(gdv, kNoUserCode);
+    AssignUnreported(gdv);
+    Assign<kUnity>(gdv, kNoUnity);
+    AssignSeconds(gdv, leg.connected == 0 ? 0 : disconnected - leg.connected);
+    AssignInstant(leg, clock, gdv);
+    gdv.Clear<kMacAddress>();
+    Assign<kMacAddress>(gdv, server::BlankPad(leg.keys[Key::SrvId], kMacAddress.length));
     return Outcome::Call;
 }
 
 }  // namespace
 
 Outcome ConvertInnovaphone(std::u16string_view record, ReferenceTable& references, const server::Settings& settings,
-                           const server::Clock& clock, GdvSlots& slots) {
+                           const server::Clock& clock, GdvRecord& gdv) {
     if (IsOfTheLogStream(record)) return Outcome::Rejected;
     const InnovaphoneKeys keys(record);
     const std::u16string_view event = keys[Key::Event];
@@ -171,7 +172,7 @@ Outcome ConvertInnovaphone(std::u16string_view record, ReferenceTable& reference
     const Leg leg{
         .keys = keys, .connected = WholeNumber(keys[Key::ConnectTime]), .continued = references.Find(reference)};
     const bool never_connected = transferred && leg.connected == 0;
-    const Outcome outcome = never_connected ? Outcome::Rejected : ConvertLeg(leg, settings, clock, slots);
+    const Outcome outcome = never_connected ? Outcome::Rejected : ConvertLeg(leg, settings, clock, gdv);
     if (released) {
         references.Remove(reference);
     } else if (outcome == Outcome::Call && !leg.continued) {

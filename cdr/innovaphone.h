@@ -16,6 +16,6 @@ namespace vintrel::cdr {
 /// @param settings    the interfaces of incoming and outgoing calls; without them the interface's kind decides.
 /// @param clock       the exchange reports UTC.
 Outcome ConvertInnovaphone(std::u16string_view record, ReferenceTable& references, const server::Settings& settings,
-                           const server::Clock& clock, GdvSlots& slots);
+                           const server::Clock& clock, GdvRecord& gdv);
 
 }  // namespace vintrel::cdr

@@ -71,8 +71,10 @@ std::u16string_view UpToAt(std::u16string_view address) { return address.substr(
 
 double LastThreeDigits(std::u16string_view device) { return NumberValue(Right(device, 3)); }
 
-double SecondsConnected(const Leg& leg) {
-    return HoursMinutesSecondsToSeconds(Mid(leg.connected, 1, 2), Mid(leg.connected, 4, 2), Mid(leg.connected, 7, 2));
+/// Nothing for a duration that is no whole number.
+std::optional<std::int32_t> SecondsConnected(const Leg& leg) {
+    const InlineText<6> hhmmss(Mid(leg.connected, 1, 2), Mid(leg.connected, 4, 2), Mid(leg.connected, 7, 2));
+    return Whole(HoursMinutesSecondsToSeconds(hhmmss));
 }
 
 std::optional<server::DateTime> StartOf(const Leg& leg) {
@@ -90,61 +92,60 @@ std::optional<server::DateTime> StartOf(const Leg& leg) {
 }
 
 /// A date that does not exist stays as it is printed.
-void MoveForward(const Leg& leg, std::int32_t seconds, GdvSlots& slots) {
+void MoveForward(const Leg& leg, std::int32_t seconds, GdvRecord& gdv) {
     const auto start = StartOf(leg);
     const auto start_seconds = start ? SecondsOf(*start) : std::nullopt;
     const auto moved = start_seconds ? DateTimeOf(*start_seconds + seconds) : std::nullopt;
-    if (moved) AssignDateTime(slots, *moved);
+    if (moved) AssignDateTime(gdv, *moved);
 }
 
-void Continue(const Leg& leg, std::u16string_view type, ContinuationTable& continuation, GdvSlots& slots) {
+void Continue(const Leg& leg, std::u16string_view type, ContinuationTable& continuation, GdvRecord& gdv) {
     const auto call = CallOf(leg);
     const std::int32_t seconds = call ? continuation.Seconds(*call) : 0;
     if (seconds < 1) return;
-    Assign(slots.type, type);
-    MoveForward(leg, seconds, slots);
+    Assign<kType>(gdv, type);
+    MoveForward(leg, seconds, gdv);
     if (leg.last) continuation.Reset(*call);
 }
 
 }  // namespace
 
-Outcome ConvertIpOffice(std::u16string_view record, ContinuationTable& continuation, GdvSlots& slots) {
+Outcome ConvertIpOffice(std::u16string_view record, ContinuationTable& continuation, GdvRecord& gdv) {
     const Leg leg(record);
     if (leg.internal || (leg.incoming && leg.dialled == leg.called)) return Outcome::Rejected;
 
-    AssignUnreported(slots);
-    Assign(slots.day, Mid(leg.start, 9, 2));
-    Assign(slots.month, Mid(leg.start, 6, 2));
-    Assign(slots.year, Mid(leg.start, 3, 2));
-    Assign(slots.hour, Mid(leg.start, 12, 2));
-    Assign(slots.minute, Mid(leg.start, 15, 2));
+    AssignUnreported(gdv);
+    Assign<kDateD>(gdv, Mid(leg.start, 9, 2));
+    Assign<kDateM>(gdv, Mid(leg.start, 6, 2));
+    Assign<kDateY>(gdv, Mid(leg.start, 3, 2));
+    Assign<kTimeH>(gdv, Mid(leg.start, 12, 2));
+    Assign<kTimeM>(gdv, Mid(leg.start, 15, 2));
 
     if (leg.outgoing || leg.incoming) {
         const std::u16string_view own = leg.outgoing ? leg.caller : leg.called;
         const std::u16string_view other = leg.outgoing ? leg.called : leg.caller;
-        AssignNumber(slots.line, LastThreeDigits(leg.SecondIsTrunk() ? leg.second_device : leg.first_device));
-        Assign(slots.user, ZeroPad(Trim(leg.FirstIsExtension() ? leg.first_device.substr(1) : own), 5));
-        Assign(slots.number, BlankPad(UpToAt(other), 16));
-        Assign(slots.pty_number, BlankPad(leg.outgoing ? u"" : UpToAt(leg.dialled), 16));
-        Assign(slots.type, leg.outgoing ? kTypeOutgoing : kTypeIncoming);
-        Continue(leg, leg.outgoing ? kTypeOutgoingContinued : kTypeIncomingContinued, continuation, slots);
+        AssignNumber<kLine>(gdv, LastThreeDigits(leg.SecondIsTrunk() ? leg.second_device : leg.first_device));
+        Assign<kUser>(gdv, ZeroPad(Trim(leg.FirstIsExtension() ? leg.first_device.substr(1) : own), 5));
+        Assign<kNumber>(gdv, BlankPad(UpToAt(other), 16));
+        Assign<kPTYNumber>(gdv, BlankPad(leg.outgoing ? u"" : UpToAt(leg.dialled), 16));
+        Assign<kType>(gdv, leg.outgoing ? kTypeOutgoing : kTypeIncoming);
+        Continue(leg, leg.outgoing ? kTypeOutgoingContinued : kTypeIncomingContinued, continuation, gdv);
     }
 
-    const double duration = SecondsConnected(leg);
     if (leg.continued) {  // after the shift: a leg is moved by the legs before it only
         const auto call = CallOf(leg);
-        const auto seconds = Whole(duration);
+        const auto seconds = SecondsConnected(leg);
         if (call && seconds) continuation.Add(*call, *seconds);
     }
 
-    AssignUserCode(slots, leg.account);
-    Assign(slots.unity, ZeroPad(leg.units, 4));
-    AssignNumber(slots.duration, duration);
-    if (duration == 0 && leg.last && leg.incoming) {
-        Assign(slots.type, kTypeNotAnswered);
-        if (!leg.FirstIsExtension()) AssignNumberValue(slots.user, leg.called);
+    AssignUserCode(gdv, leg.account);
+    Assign<kUnity>(gdv, ZeroPad(leg.units, 4));
+    AssignDuration(gdv, Mid(leg.connected, 1, 2), Mid(leg.connected, 4, 2), Mid(leg.connected, 7, 2));
+    if (gdv.Slot<kDurationS>() == kNoDuration && leg.last && leg.incoming) {
+        Assign<kType>(gdv, kTypeNotAnswered);
+        if (!leg.FirstIsExtension()) AssignNumberValue<kUser>(gdv, leg.called);
     }
-    if (slots.line.View() == u"00000") Assign(slots.line, u"00001");
+    if (gdv.Slot<kLine>() == u"00000") Assign<kLine>(gdv, u"00001");
     return Outcome::Call;
 }
 

@@ -10,6 +10,6 @@ namespace vintrel::cdr {
 
 /// Every leg carries the start of its call; a later leg is moved forward by the connected time of the legs before it.
 /// Internal calls, and incoming lines that carry no call of their own, are rejected.
-Outcome ConvertIpOffice(std::u16string_view record, ContinuationTable& continuation, GdvSlots& slots);
+Outcome ConvertIpOffice(std::u16string_view record, ContinuationTable& continuation, GdvRecord& gdv);
 
 }  // namespace vintrel::cdr

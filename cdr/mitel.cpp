@@ -25,22 +25,21 @@ std::u16string_view TypeOf(std::u16string_view code) {
 
 }  // namespace
 
-Outcome ConvertMitel(std::u16string_view record, GdvSlots& slots) {
-    Assign(slots.line, Mid(record, 43, 5));
-    Assign(slots.user, Mid(record, 2, 5));
-    Assign(slots.number, Mid(record, 67, 16));
-    AssignUserCode(slots, Mid(record, 8, 4));
-    Assign(slots.type, TypeOf(Trim(Mid(record, 18, 2))));
-    Assign(slots.unity, ZeroPad(Trim(Mid(record, 62, 4)), 4));
-    AssignNumber(slots.duration,
-                 HoursMinutesSecondsToSeconds(Mid(record, 34, 2), Mid(record, 37, 2), Mid(record, 40, 2)));
-    Assign(slots.day, Mid(record, 25, 2));
-    Assign(slots.month, Mid(record, 23, 2));
-    Assign(slots.year, Mid(record, 21, 2));
-    Assign(slots.hour, Mid(record, 28, 2));
-    Assign(slots.minute, Mid(record, 31, 2));
-    Assign(slots.pty_number, BlankPad(Trim(Mid(record, 49, 11)), 16));
-    AssignUnreported(slots);
+Outcome ConvertMitel(std::u16string_view record, GdvRecord& gdv) {
+    Assign<kLine>(gdv, Mid(record, 43, 5));
+    Assign<kUser>(gdv, Mid(record, 2, 5));
+    Assign<kNumber>(gdv, Mid(record, 67, 16));
+    AssignUserCode(gdv, Mid(record, 8, 4));
+    Assign<kType>(gdv, TypeOf(Trim(Mid(record, 18, 2))));
+    Assign<kUnity>(gdv, ZeroPad(Trim(Mid(record, 62, 4)), 4));
+    AssignDuration(gdv, Mid(record, 34, 2), Mid(record, 37, 2), Mid(record, 40, 2));
+    Assign<kDateD>(gdv, Mid(record, 25, 2));
+    Assign<kDateM>(gdv, Mid(record, 23, 2));
+    Assign<kDateY>(gdv, Mid(record, 21, 2));
+    Assign<kTimeH>(gdv, Mid(record, 28, 2));
+    Assign<kTimeM>(gdv, Mid(record, 31, 2));
+    Assign<kPTYNumber>(gdv, BlankPad(Mid(record, 49, 11), 16));
+    AssignUnreported(gdv);
     return Outcome::Call;
 }
 

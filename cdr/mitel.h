@@ -8,6 +8,6 @@
 namespace vintrel::cdr {
 
 /// One fixed-column line of 142 characters; every line is a call.
-Outcome ConvertMitel(std::u16string_view record, GdvSlots& slots);
+Outcome ConvertMitel(std::u16string_view record, GdvRecord& gdv);
 
 }  // namespace vintrel::cdr

@@ -28,31 +28,27 @@ std::int64_t WholeNumber(std::u16string_view text) {
     return value;
 }
 
-void AssignParty(GdvSlot<kNumber>& slot, std::u16string_view party) {
-    Assign(slot, server::BlankPad(Left(party, kNumber.length), kNumber.length));
-}
-
-void AssignSeconds(GdvSlot<kDurationS>& slot, std::int64_t seconds) {
+void AssignSeconds(GdvRecord& gdv, std::int64_t seconds) {
     constexpr std::int64_t kLongest = 99'999;
-    AssignNumber(slot, static_cast<double>(std::clamp<std::int64_t>(seconds, 0, kLongest)));
+    gdv.BecomeDigits<kDurationS>(static_cast<unsigned>(std::clamp<std::int64_t>(seconds, 0, kLongest)));
 }
 
-void AssignAccount(GdvSlot<kUserCode>& slot, std::u16string_view account) {
+void AssignAccount(GdvRecord& gdv, std::u16string_view account) {
     const bool fits = account.size() <= kUserCode.length && IsDigits(account);
-    Assign(slot, server::ZeroPad(fits ? account : kNoUserCode, kUserCode.length));
+    Assign<kUserCode>(gdv, server::ZeroPad(fits ? account : kNoUserCode, kUserCode.length));
 }
 
-void AssignStart(GdvSlots& slots, std::u16string_view start) {
+void AssignStart(GdvRecord& gdv, std::u16string_view start) {
     constexpr std::u16string_view kForm = u"0000-00-00 00:00:00";
     const bool formed =
         std::equal(start.begin(), start.end(), kForm.begin(), kForm.end(),
                    [](char16_t c, char16_t form) { return form == u'0' ? server::IsDigit(c) : c == form; });
     if (!formed) return;
-    Assign(slots.year, Mid(start, 3, 2));
-    Assign(slots.month, Mid(start, 6, 2));
-    Assign(slots.day, Mid(start, 9, 2));
-    Assign(slots.hour, Mid(start, 12, 2));
-    Assign(slots.minute, Mid(start, 15, 2));
+    Assign<kDateY>(gdv, Mid(start, 3, 2));
+    Assign<kDateM>(gdv, Mid(start, 6, 2));
+    Assign<kDateD>(gdv, Mid(start, 9, 2));
+    Assign<kTimeH>(gdv, Mid(start, 12, 2));
+    Assign<kTimeM>(gdv, Mid(start, 15, 2));
 }
 
 }  // namespace vintrel::cdr

@@ -23,24 +23,27 @@ std::u16string_view FirstExtension(std::initializer_list<std::u16string_view> pa
 std::int64_t WholeNumber(std::u16string_view text);
 
 /// The party's first 16 characters, blank-padded.
-void AssignParty(GdvSlot<kNumber>& slot, std::u16string_view party);
+template <GdvField Field>
+void AssignParty(GdvRecord& gdv, std::u16string_view party) {
+    Assign<Field>(gdv, server::BlankPad(server::Left(party, Field.length), Field.length));
+}
 
 /// The same with every character changed as `change` says.
-template <typename Change>
-void AssignParty(GdvSlot<kNumber>& slot, std::u16string_view party, Change change) {
-    std::array<char16_t, std::size_t{kNumber.length}> changed{};
-    const std::u16string_view cut = server::Left(party, kNumber.length);
+template <GdvField Field, typename Change>
+void AssignParty(GdvRecord& gdv, std::u16string_view party, Change change) {
+    std::array<char16_t, Field.Width()> changed;
+    const std::u16string_view cut = server::Left(party, Field.length);
     std::transform(cut.begin(), cut.end(), changed.begin(), change);
-    AssignParty(slot, {changed.data(), cut.size()});
+    AssignParty<Field>(gdv, {changed.data(), cut.size()});
 }
 
 /// Whole seconds, zero-padded; longer calls than the field can tell are 99999.
-void AssignSeconds(GdvSlot<kDurationS>& slot, std::int64_t seconds);
+void AssignSeconds(GdvRecord& gdv, std::int64_t seconds);
 
 /// The account code when it is 1 to 4 digits, else "0000".
-void AssignAccount(GdvSlot<kUserCode>& slot, std::u16string_view account);
+void AssignAccount(GdvRecord& gdv, std::u16string_view account);
 
 /// Date and time of "YYYY-MM-DD hh:mm:ss", the digits as they stand. A text of another form changes nothing.
-void AssignStart(GdvSlots& slots, std::u16string_view start);
+void AssignStart(GdvRecord& gdv, std::u16string_view start);
 
 }  // namespace vintrel::cdr

@@ -46,11 +46,11 @@ bool IsHotelEvent(std::u16string_view line) {
 
 /// Hours, minutes and seconds around the first ":" behind the dialled number, printed hh:mm'ss. Without one they are
 /// read from the beginning of the line, which has no hours before it.
-double DurationOf(std::u16string_view line) {
+void AssignDurationOf(std::u16string_view line, GdvRecord& gdv) {
     constexpr std::size_t kBehindTheNumber = 30;
     const std::size_t found = server::Find(line, u":", kBehindTheNumber - 1);
     const auto colon = found == std::u16string_view::npos ? 0 : static_cast<std::ptrdiff_t>(found) + 1;
-    return HoursMinutesSecondsToSeconds(Mid(line, colon - 2, 2), Mid(line, colon + 1, 2), Mid(line, colon + 4, 2));
+    AssignDuration(gdv, Mid(line, colon - 2, 2), Mid(line, colon + 1, 2), Mid(line, colon + 4, 2));
 }
 
 /// The whole amount behind the currency; without one, the five characters at position 3.
@@ -60,50 +60,49 @@ std::u16string_view UnitsOf(std::u16string_view line) {
     return Mid(line, currency + 3, 5);
 }
 
-void AssignOutgoing(std::u16string_view line, const Endings& endings, GdvSlots& slots) {
-    InlineText<16> number(Mid(line, 29, 16));
-    number.Replace(number.size(), u'-', u' ');
-    Assign(slots.type, endings.transferred ? kTypeOutgoingContinued : kTypeOutgoing);
-    Assign(slots.number, BlankPad(number, 16));
-    Assign(slots.pty_number, kNoPtyNumber);
+void AssignOutgoing(std::u16string_view line, const Endings& endings, GdvRecord& gdv) {
+    Assign<kType>(gdv, endings.transferred ? kTypeOutgoingContinued : kTypeOutgoing);
+    Assign<kNumber>(gdv, BlankPad(Trim(Mid(line, 29, 16), u'-'), 16));
+    gdv.Replace<kNumber>(kNumber.Width(), u'-', u' ');
+    Assign<kPTYNumber>(gdv, kNoPtyNumber);
 }
 
-void AssignIncoming(std::u16string_view line, std::size_t mark, const Endings& endings, GdvSlots& slots) {
-    Assign(slots.type, endings.not_answered  ? kTypeNotAnswered
+void AssignIncoming(std::u16string_view line, std::size_t mark, const Endings& endings, GdvRecord& gdv) {
+    Assign<kType>(gdv, endings.not_answered  ? kTypeNotAnswered
                        : endings.transferred ? kTypeIncomingContinued
                                              : kTypeIncoming);
-    Assign(slots.number, line.substr(mark + kIncomingMark.size()).substr(0, 16));
+    Assign<kNumber>(gdv, line.substr(mark + kIncomingMark.size()).substr(0, 16));
     const std::size_t diverted = server::Find(line, kDivertedMark);
     if (diverted == std::u16string_view::npos) {
-        Assign(slots.pty_number, kNoPtyNumber);
+        Assign<kPTYNumber>(gdv, kNoPtyNumber);
     } else if (const std::size_t from = diverted + kDivertedMark.size(); from <= mark) {
-        Assign(slots.pty_number, BlankPad(Left(line.substr(from, mark - from), 16), 16));
+        Assign<kPTYNumber>(gdv, BlankPad(Left(line.substr(from, mark - from), 16), 16));
     }
 }
 
 }  // namespace
 
-Outcome ConvertPanasonic(std::u16string_view line, GdvSlots& slots) {
+Outcome ConvertPanasonic(std::u16string_view line, GdvRecord& gdv) {
     const Endings endings = EndingsOf(line);
     if (endings.heading || IsHotelEvent(line)) return Outcome::Rejected;
 
-    AssignUnreported(slots);
-    Assign(slots.line, ZeroPad(Trim(Mid(line, 24, 4)), 5));
-    Assign(slots.user, ZeroPad(Trim(Mid(line, 18, 5)), 5));
-    Assign(slots.user_code, kNoUserCode);
-    AssignNumberValue(slots.unity, UnitsOf(line));
-    AssignNumber(slots.duration, DurationOf(line));
-    Assign(slots.day, Mid(line, 1, 2));
-    Assign(slots.month, Mid(line, 4, 2));
-    Assign(slots.year, Mid(line, 7, 2));
-    Assign(slots.hour, Mid(line, 10, 2));
-    Assign(slots.minute, Mid(line, 13, 2));
+    AssignUnreported(gdv);
+    Assign<kLine>(gdv, ZeroPad(Trim(Mid(line, 24, 4)), 5));
+    Assign<kUser>(gdv, ZeroPad(Trim(Mid(line, 18, 5)), 5));
+    Assign<kUserCode>(gdv, kNoUserCode);
+    AssignNumberValue<kUnity>(gdv, UnitsOf(line));
+    AssignDurationOf(line, gdv);
+    Assign<kDateD>(gdv, Mid(line, 1, 2));
+    Assign<kDateM>(gdv, Mid(line, 4, 2));
+    Assign<kDateY>(gdv, Mid(line, 7, 2));
+    Assign<kTimeH>(gdv, Mid(line, 10, 2));
+    Assign<kTimeM>(gdv, Mid(line, 13, 2));
 
     const std::size_t incoming = server::Find(line, kIncomingMark);
     if (incoming == std::u16string_view::npos)
-        AssignOutgoing(line, endings, slots);
+        AssignOutgoing(line, endings, gdv);
     else
-        AssignIncoming(line, incoming, endings, slots);
+        AssignIncoming(line, incoming, endings, gdv);
     return Outcome::Call;
 }
 

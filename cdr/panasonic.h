@@ -8,6 +8,6 @@
 namespace vintrel::cdr {
 
 /// One line; headers, rulers and hotel events stand between the calls.
-Outcome ConvertPanasonic(std::u16string_view line, GdvSlots& slots);
+Outcome ConvertPanasonic(std::u16string_view line, GdvRecord& gdv);
 
 }  // namespace vintrel::cdr

@@ -129,38 +129,38 @@ std::optional<Direction> DirectionOf(const Call& call) {
     return std::nullopt;
 }
 
-void FillOutgoing(const Call& call, GdvSlots& slots) {
+void FillOutgoing(const Call& call, GdvRecord& gdv) {
     const std::u16string_view user = FirstExtension({call.row[kSrc], call.from.name}, kNoUser);
-    Assign(slots.user, server::ZeroPad(user, 5));
-    AssignParty(slots.number, call.row[kDst]);
-    Assign(slots.type, call.from.IsLocal() ? kTypeOutgoingContinued : kTypeOutgoing);
-    AssignParty(slots.pty_number, u"");
+    Assign<kUser>(gdv, server::ZeroPad(user, 5));
+    AssignParty<kNumber>(gdv, call.row[kDst]);
+    Assign<kType>(gdv, call.from.IsLocal() ? kTypeOutgoingContinued : kTypeOutgoing);
+    AssignParty<kPTYNumber>(gdv, u"");
 }
 
-void FillIncoming(const Call& call, bool answered, GdvSlots& slots) {
+void FillIncoming(const Call& call, bool answered, GdvRecord& gdv) {
     const std::u16string_view caller = call.row[kSrc];
     const std::u16string_view dialled = call.row[kDst];
     const std::u16string_view reached = call.to.IsExtension() ? call.to.name : std::u16string_view{};
     const std::u16string_view user = FirstExtension({reached, dialled}, kNoUser);
-    Assign(slots.user, server::ZeroPad(user, 5));
-    AssignParty(slots.number, UpperEquals(caller, u"ANONYMOUS") ? u"" : caller);
-    Assign(slots.type, !answered ? kTypeNotAnswered : call.to.IsLocal() ? kTypeIncomingContinued : kTypeIncoming);
-    AssignParty(slots.pty_number, dialled == user ? u"" : dialled);
+    Assign<kUser>(gdv, server::ZeroPad(user, 5));
+    AssignParty<kNumber>(gdv, UpperEquals(caller, u"ANONYMOUS") ? u"" : caller);
+    Assign<kType>(gdv, !answered ? kTypeNotAnswered : call.to.IsLocal() ? kTypeIncomingContinued : kTypeIncoming);
+    AssignParty<kPTYNumber>(gdv, dialled == user ? u"" : dialled);
 }
 
 /// The port number behind the kind of the trunk: its last five digits.
-void AssignLine(GdvSlot<kLine>& slot, const Side& trunk) {
+void AssignLine(GdvRecord& gdv, const Side& trunk) {
     constexpr std::size_t kLongestName = 64;
     const std::optional<std::size_t> kind_end = trunk.IsTrunk() ? EndOfTrunkKind(trunk.name) : std::nullopt;
     const std::u16string_view port = kind_end ? trunk.name.substr(*kind_end) : std::u16string_view{};
     const auto digits = DigitsOnly<kLongestName>(server::Right(port, kLongestName));
     const std::u16string_view line = server::Right(digits, kLine.length);
-    Assign(slot, server::ZeroPad(line.empty() ? kFirstLine : line, kLine.length));
+    Assign<kLine>(gdv, server::ZeroPad(line.empty() ? kFirstLine : line, kLine.length));
 }
 
 }  // namespace
 
-Outcome ConvertWildix(std::u16string_view record, GdvSlots& slots) {
+Outcome ConvertWildix(std::u16string_view record, GdvRecord& gdv) {
     const QuotedFields row(record, kQuotes, kFewest);
     if (!IsCallRecord(row)) return Outcome::Rejected;
     const std::u16string_view disposition = row[kDisposition];
@@ -176,17 +176,17 @@ Outcome ConvertWildix(std::u16string_view record, GdvSlots& slots) {
     const bool answered = accepted && seconds > 0;
     if (direction == Direction::Outgoing) {
         if (!answered) return Outcome::Rejected;
-        FillOutgoing(call, slots);
-        AssignLine(slots.line, call.to.IsTrunk() ? call.to : call.from);
+        FillOutgoing(call, gdv);
+        AssignLine(gdv, call.to.IsTrunk() ? call.to : call.from);
     } else {
-        FillIncoming(call, answered, slots);
-        AssignLine(slots.line, call.from.IsTrunk() ? call.from : call.to);
+        FillIncoming(call, answered, gdv);
+        AssignLine(gdv, call.from.IsTrunk() ? call.from : call.to);
     }
-    AssignAccount(slots.user_code, row[kAccountCode]);
-    AssignUnreported(slots);
-    Assign(slots.unity, kNoUnity);
-    AssignSeconds(slots.duration, seconds);
-    AssignStart(slots, row[kStart]);
+    AssignAccount(gdv, row[kAccountCode]);
+    AssignUnreported(gdv);
+    Assign<kUnity>(gdv, kNoUnity);
+    AssignSeconds(gdv, seconds);
+    AssignStart(gdv, row[kStart]);
     return Outcome::Call;
 }
 

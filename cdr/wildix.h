@@ -9,6 +9,6 @@ namespace vintrel::cdr {
 
 /// One line of the CSV file: texts in double quotes, separated by commas. Internal calls and service legs (fax, voice
 /// mail, announcements) are rejected.
-Outcome ConvertWildix(std::u16string_view record, GdvSlots& slots);
+Outcome ConvertWildix(std::u16string_view record, GdvRecord& gdv);
 
 }  // namespace vintrel::cdr

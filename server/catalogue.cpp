@@ -1,6 +1,6 @@
 #include "server/catalogue.h"
 
-#include <algorithm>
+#include <cstring>
 
 namespace vintrel::server {
 namespace {
@@ -63,8 +63,8 @@ std::optional<Model> FindModel(std::u16string_view code) {
     const std::size_t ending = Ending(code);
     if (ending >= kByEnding.size() || kByEnding[ending] == kModelCount) return std::nullopt;
     const auto model = static_cast<Model>(kByEnding[ending]);
-    const char16_t* const known = kCatalogue[model].code.data();
-    return std::equal(known, known + kCodeLength, code.data()) ? std::optional(model) : std::nullopt;
+    const bool equal = std::memcmp(kCatalogue[model].code.data(), code.data(), kCodeLength * sizeof(char16_t)) == 0;
+    return equal ? std::optional(model) : std::nullopt;
 }
 
 std::u16string_view ModelCode(Model model) { return kCatalogue[model].code; }

@@ -73,6 +73,22 @@ inline const char16_t* FindEither(const char16_t* at, const char16_t* end, char1
     return at;
 }
 
+/// The first character in [at, end) that is neither of the two, else `end`.
+inline const char16_t* FindNeither(const char16_t* at, const char16_t* end, char16_t one, char16_t other) {
+#if defined(__SSE2__)
+    const __m128i ones = scan::Eight(one);
+    const __m128i others = scan::Eight(other);
+    for (; end - at >= scan::kBlock; at += scan::kBlock) {
+        const __m128i eight = scan::Load(at);
+        const __m128i either = _mm_or_si128(_mm_cmpeq_epi16(eight, ones), _mm_cmpeq_epi16(eight, others));
+        const std::ptrdiff_t found = scan::FirstMarked(_mm_cmpeq_epi16(either, _mm_setzero_si128()));
+        if (found != scan::kBlock) return at + found;
+    }
+#endif
+    while (at != end && (*at == one || *at == other)) ++at;
+    return at;
+}
+
 /// The first character in [at, end) that is not above `limit`, else `end`.
 inline const char16_t* FindAtMost(const char16_t* at, const char16_t* end, char16_t limit) {
 #if defined(__SSE2__)

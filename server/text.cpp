@@ -130,6 +130,13 @@ std::u16string_view Right(std::u16string_view text, std::ptrdiff_t count) {
     return text.substr(text.size() - kept);
 }
 
+std::u16string_view Trim(std::u16string_view text, char16_t blank) {
+    const char16_t* end = text.data() + text.size();
+    const char16_t* const first = FindNeither(text.data(), end, kBlank, blank);
+    while (end != first && (end[-1] == kBlank || end[-1] == blank)) --end;
+    return {first, end};
+}
+
 char16_t Upper(char16_t character) {
     constexpr char16_t kMultiplication = 0x00D7;
     if (character >= u'a' && character <= u'z') return static_cast<char16_t>(character - 32);

@@ -67,6 +67,9 @@ inline std::u16string_view Trim(std::u16string_view text) {
     return text;
 }
 
+/// Without the blanks at both ends and what an exchange prints for a blank.
+std::u16string_view Trim(std::u16string_view text, char16_t blank);
+
 /// Upper case of ASCII and Latin-1 letters; every other character stays.
 char16_t Upper(char16_t character);
 std::u16string Upper(std::u16string_view text);

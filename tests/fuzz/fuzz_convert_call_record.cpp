@@ -23,7 +23,7 @@ void ConvertOne(server::Model model, std::u16string_view text, cdr::CallRecordSt
     const testing::FakeClock clock;
     testing::FakeMessage message;
     server::InOutText record(text);
-    const cdr::GdvText converted =
+    const cdr::GdvRecord converted =
         cdr::GetComConvertStringRX(server::ModelCode(model), record, state, {}, clock, message);
     const std::u16string_view result = converted;
     Demand(message.texts.empty());

@@ -1,5 +1,8 @@
 #include <gtest/gtest.h>
 
+#include <map>
+#include <string>
+
 #include "cdr/convert.h"
 #include "cdr/date_time.h"
 #include "cdr/gdv_filter.h"
@@ -12,14 +15,13 @@ namespace {
 using testing::Shown;
 
 TEST(GdvRecord, AValueThatDoesNotFitLeavesTheSlotAlone) {
-    GdvText record;
-    GdvSlots slots(record);
-    Assign(slots.user, u"00101");
-    Assign(slots.user, u"123456");
-    Assign(slots.user, server::ZeroPad(u"123456", 5));
-    EXPECT_EQ(Shown(slots.user), "00101");
-    Assign(slots.user, u"");
-    EXPECT_EQ(Shown(slots.user), "");
+    GdvRecord gdv;
+    Assign<kUser>(gdv, u"00101");
+    Assign<kUser>(gdv, u"123456");
+    Assign<kUser>(gdv, server::ZeroPad(u"123456", 5));
+    EXPECT_EQ(Shown(gdv.Slot<kUser>()), "00101");
+    Assign<kUser>(gdv, u"");
+    EXPECT_EQ(Shown(gdv.Slot<kUser>()), "");
 }
 
 TEST(GdvRecord, NumbersArePaddedInTheirDecimalForm) {
@@ -29,10 +31,9 @@ TEST(GdvRecord, NumbersArePaddedInTheirDecimalForm) {
     } rows[] = {{0, "00000"},    {345, "00345"}, {99999, "99999"}, {100000, ""},
                 {12.5, "012.5"}, {-7, "000-7"},  {1e20, "1E+20"},  {0.000012345, ""}};
     for (const auto& row : rows) {
-        GdvText record;
-        GdvSlots slots(record);
-        AssignNumber(slots.duration, row.value);
-        EXPECT_EQ(Shown(slots.duration), row.text) << row.value;
+        GdvRecord gdv;
+        AssignNumber<kDurationS>(gdv, row.value);
+        EXPECT_EQ(Shown(gdv.Slot<kDurationS>()), row.text) << row.value;
     }
 }
 
@@ -44,8 +45,12 @@ TEST(GdvRecord, SecondsAreReadFromTheEndsOfTheText) {
 }
 
 TEST(GdvRecord, ReplacingVisitsAsManyPositionsAsTheTrimmedTextHas) {
-    EXPECT_EQ(Shown(ReplaceCharacter<16>(u"1.2.", u'.', u' ')), "1 2 ");
-    EXPECT_EQ(Shown(ReplaceCharacter<16>(u"  1.2.", u'.', u' ')), "  1 2.") << "the last two positions are not visited";
+    GdvRecord gdv;
+    for (const auto& [text, replaced] : std::map<std::u16string, const char*>{
+             {u"1.2.", "1 2 "}, {u"  1.2.", "  1 2."}, {u"1.2..6789.123456", "1 2  6789 123456"}}) {
+        AssignReplaced<kNumber>(gdv, text, u'.', u' ');
+        EXPECT_EQ(Shown(gdv.Slot<kNumber>()), replaced);
+    }
 }
 
 TEST(ReferenceTable, HoldsAtMost512AndFreesOneSlotPerRemoval) {

@@ -47,7 +47,7 @@ class Link {
 
     std::u16string Raw(std::u16string_view text) {
         server::InOutText record(text);
-        const cdr::GdvText converted = cdr::GetComConvertStringRX(type_, record, state_, settings, clock, message);
+        const cdr::GdvRecord converted = cdr::GetComConvertStringRX(type_, record, state_, settings, clock, message);
         caller_text = record.View();
         return std::u16string(converted.View());
     }

@@ -52,7 +52,7 @@ struct Exchange {
 
     std::string Convert(std::u16string_view raw, const Fields& fields = kAll) {
         server::InOutText record(raw);
-        const GdvText gdv = GetComConvertStringRX(type, record, state, settings, clock, message);
+        const GdvRecord gdv = GetComConvertStringRX(type, record, state, settings, clock, message);
         EXPECT_FALSE(record.Replaced());
         return Summary(gdv, fields);
     }
