@@ -1,7 +1,6 @@
 #include "cdr/algoral.h"
 
-#include <string>
-#include <utility>
+#include <cstddef>
 
 namespace vintrel::cdr {
 namespace {
@@ -33,43 +32,53 @@ Kind KindOf(std::u16string_view letter) {
 }
 
 /// Hours are printed with one digit or two, or left blank.
-double DurationOf(std::u16string_view text) {
-    InlineText<6> hhmmss;
-    if (const auto hours = ZeroPad(Trim(Mid(text, 87, 2)), 2)) hhmmss.Append(*hours);
-    hhmmss.Append(Mid(text, 90, 2));
-    hhmmss.Append(Trim(Mid(text, 94, 2)));
-    return HoursMinutesSecondsToSeconds(hhmmss);
+void AssignDurationOf(std::u16string_view hours, std::u16string_view minutes, std::u16string_view seconds,
+                      GdvRecord& gdv) {
+    hours = Trim(hours);
+    const std::u16string_view zeros = kZeros.substr(0, 2 - hours.size());
+    const int h = hours.empty()                                    ? 0
+                  : hours.size() == 1 && server::IsDigit(hours[0]) ? hours[0] - u'0'
+                                                                   : TwoDigits(hours);
+    const int m = TwoDigits(minutes);
+    const int s = TwoDigits(seconds);
+    if ((h | m | s) >= 0)
+        AssignDuration(gdv, h, m, s);
+    else
+        AssignNumber<kDurationS>(gdv,
+                                 HoursMinutesSecondsToSeconds(InlineText<6>(zeros, hours, minutes, Trim(seconds))));
 }
 
 }  // namespace
 
 Outcome ConvertAlgoral(server::InOutText& record, GdvRecord& gdv) {
+    constexpr std::u16string_view kTag = u"*Term.";
     constexpr std::size_t kUsefulEnd = 301;
-    const std::size_t colon = record.View().find(u':');
+    const std::size_t colon = server::Find(record.View(), u":");
     if (colon == std::u16string_view::npos) return Outcome::Rejected;
     // A colon behind the useful part leaves nothing to cut, and the text is read as it stands.
-    if (colon <= kUsefulEnd) {
-        std::u16string term = u"*Term.";
-        term += Trim(record.View().substr(colon, kUsefulEnd - colon));
-        record.Replace(std::move(term));
-    }
-    const std::u16string_view text = record.View();
-    const Kind kind = KindOf(Mid(text, 139, 1));
+    const bool cut = colon <= kUsefulEnd;
+    if (cut) record.Narrow(Trim(record.View().substr(colon, kUsefulEnd - colon)), kTag);
+    // Columns count from the tag, which nobody reads.
+    const std::ptrdiff_t tag = cut ? std::ptrdiff_t{kTag.size()} : 0;
+    const auto columns = [text = record.View(), tag](std::ptrdiff_t start, std::ptrdiff_t count) {
+        return Mid(text, start - tag, count);
+    };
+    const Kind kind = KindOf(columns(139, 1));
 
     AssignUnreported(gdv);
-    Assign<kLine>(gdv, ZeroPad(Trim(Mid(text, 16, 3)), 5));
-    Assign<kUser>(gdv, ZeroPad(Trim(Mid(text, 8, 5)), 5));
+    Assign<kLine>(gdv, ZeroPad(Trim(columns(16, 3)), 5));
+    Assign<kUser>(gdv, ZeroPad(Trim(columns(8, 5)), 5));
     if (kind.type == kTypeNotAnswered && NumberValue(gdv.Slot<kUser>()) == 0) Assign<kUser>(gdv, u"09999");
-    if (kind.number != 0) Assign<kNumber>(gdv, BlankPad(Mid(text, kind.number, 16), 16));
-    AssignUserCode(gdv, Mid(text, 291, 4));
+    if (kind.number != 0) Assign<kNumber>(gdv, BlankPad(columns(kind.number, 16), 16));
+    AssignUserCode(gdv, columns(291, 4));
     Assign<kType>(gdv, kind.type);
-    Assign<kUnity>(gdv, ZeroPad(Trim(Mid(text, 70, 4)), 4));
-    AssignNumber<kDurationS>(gdv, DurationOf(text));
-    Assign<kDateD>(gdv, Mid(text, 25, 2));
-    Assign<kDateM>(gdv, Mid(text, 28, 2));
-    Assign<kDateY>(gdv, Mid(text, 33, 2));
-    Assign<kTimeH>(gdv, Mid(text, 36, 2));
-    Assign<kTimeM>(gdv, Mid(text, 39, 2));
+    Assign<kUnity>(gdv, ZeroPad(Trim(columns(70, 4)), 4));
+    AssignDurationOf(columns(87, 2), columns(90, 2), columns(94, 2), gdv);
+    Assign<kDateD>(gdv, columns(25, 2));
+    Assign<kDateM>(gdv, columns(28, 2));
+    Assign<kDateY>(gdv, columns(33, 2));
+    Assign<kTimeH>(gdv, columns(36, 2));
+    Assign<kTimeM>(gdv, columns(39, 2));
     Assign<kPTYNumber>(gdv, kNoPtyNumber);
     return Outcome::Call;
 }

@@ -8,7 +8,8 @@ namespace vintrel::cdr {
 void GdvRecord::Assemble() {
     const bool full = [&]<std::size_t... I>(std::index_sequence<I...>) {
         return (... && (sizes_[I] == kGdvFields[I].Width()));
-    }(std::make_index_sequence<kCount>());
+    }
+    (std::make_index_sequence<kCount>());
     char16_t* end = At(kMacAddress) + kMacAddress.length;
     if (!full) {
         end = At(kLine);

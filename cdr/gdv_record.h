@@ -118,13 +118,7 @@ class InlineText {
     /// Does nothing when the part does not fit.
     void Append(std::u16string_view part) {
         if (part.size() > Capacity - size_) return;
-        CopyShort(characters_.data() + size_, part);
-        size_ = static_cast<std::uint8_t>(size_ + part.size());
-    }
-    void Append(const server::Padded& part) {
-        if (part.size() > Capacity - size_) return;
-        part.CopyTo(characters_.data() + size_);
-        size_ = static_cast<std::uint8_t>(size_ + part.size());
+        for (const char16_t character : part) characters_[size_++] = character;
     }
 
  private:
@@ -171,11 +165,12 @@ class GdvRecord {
     template <GdvField Field>
     void Replace(std::size_t positions, char16_t character, char16_t replacement) {
         char16_t* const slot = At(Field);
+        const std::size_t count = std::min(positions, sizes_[kIndex<Field>]);
         const auto replaced = [=](char16_t c) { return c == character ? replacement : c; };  // no branch
-        if (positions == Field.Width() && sizes_[kIndex<Field>] == Field.Width())  // as almost always: in the machine's own pieces
+        if (Field.Width() % 8 == 0 && count == Field.Width())  // in the machine's own pieces
             for (std::size_t i = 0; i < Field.Width(); ++i) slot[i] = replaced(slot[i]);
         else
-            std::transform(slot, slot + std::min(positions, sizes_[kIndex<Field>]), slot, replaced);
+            for (std::size_t i = 0; i < count; ++i) slot[i] = replaced(slot[i]);
     }
     /// The last digits of the number, as many as fit.
     template <GdvField Field>
@@ -277,19 +272,28 @@ void AssignDateTime(GdvRecord& gdv, const server::DateTime& date_time);
 /// The seconds of a text "hhmmss": its first two, third and fourth, and last two characters, each by its number value.
 double HoursMinutesSecondsToSeconds(std::u16string_view hhmmss);
 
-/// The seconds of three texts of at most two characters, which are joined first, zero-padded.
+/// The value of two digits; negative for any other text.
+inline int TwoDigits(std::u16string_view text) {
+    if (text.size() != 2 || !server::IsDigit(text[0]) || !server::IsDigit(text[1])) return -1;
+    return (text[0] - u'0') * 10 + (text[1] - u'0');
+}
+
+/// The seconds of hours, minutes and seconds, none of which may be negative, zero-padded.
+inline void AssignDuration(GdvRecord& gdv, int hours, int minutes, int seconds) {
+    const int duration = (hours * 60 + minutes) * 60 + seconds;
+    if (duration < kBeyond<kDurationS>) gdv.BecomeDigits<kDurationS>(static_cast<unsigned>(duration));
+}
+
+/// The same of three texts of at most two characters; texts that are not two digits are joined first.
 inline void AssignDuration(GdvRecord& gdv, std::u16string_view hours, std::u16string_view minutes,
                            std::u16string_view seconds) {
-    const auto two_digits = [](std::u16string_view text) {
-        return text.size() == 2 && server::IsDigit(text[0]) && server::IsDigit(text[1]);
-    };
-    const auto value = [](std::u16string_view text) { return (text[0] - u'0') * 10 + (text[1] - u'0'); };
-    if (two_digits(hours) && two_digits(minutes) && two_digits(seconds)) {
-        const int duration = value(hours) * 3600 + value(minutes) * 60 + value(seconds);
-        if (duration < kBeyond<kDurationS>) gdv.BecomeDigits<kDurationS>(static_cast<unsigned>(duration));
-        return;
-    }
-    AssignNumber<kDurationS>(gdv, HoursMinutesSecondsToSeconds(InlineText<6>(hours, minutes, seconds)));
+    const int h = TwoDigits(hours);
+    const int m = TwoDigits(minutes);
+    const int s = TwoDigits(seconds);
+    if ((h | m | s) >= 0)
+        AssignDuration(gdv, h, m, s);
+    else
+        AssignNumber<kDurationS>(gdv, HoursMinutesSecondsToSeconds(InlineText<6>(hours, minutes, seconds)));
 }
 
 /// The text with a character replaced in its first positions, as many as the trimmed text has: the end of a text with

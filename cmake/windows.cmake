@@ -60,7 +60,7 @@ foreach(part vintrel_core vintrel_edge Vintrel)
   endif()
 endforeach()
 file(GLOB fast_sources CONFIGURE_DEPENDS cdr/*.cpp)
-list(APPEND fast_sources server/text.cpp server/catalogue.cpp server/type_code.cpp com/com_events_rx.cpp)
+list(APPEND fast_sources server/text.cpp server/catalogue.cpp server/type_code.cpp com/com_events_rx.cpp com/strings.cpp)
 set_property(SOURCE ${fast_sources} APPEND PROPERTY COMPILE_OPTIONS $<$<CONFIG:Release>:-O2>)
 
 # The symbols stay beside the DLL that ships.

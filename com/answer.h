@@ -9,9 +9,6 @@
 #include <concepts>
 #include <cstddef>
 #include <cstdint>
-#include <cstring>
-#include <functional>
-#include <new>
 #include <string_view>
 #include <tuple>
 #include <type_traits>
@@ -19,28 +16,11 @@
 
 #include "com/guarded.h"
 #include "com/server_instance.h"
+#include "com/strings.h"
 #include "server/text.h"
 #include "server/type_code.h"
 
 namespace vintrel::com {
-
-inline BSTR NewString(std::u16string_view text) {
-    BSTR string = SysAllocStringLen(reinterpret_cast<const wchar_t*>(text.data()), static_cast<UINT>(text.size()));
-    if (!string) throw std::bad_alloc();
-    return string;
-}
-
-/// In characters. The number of bytes stands in front of them, by the documented layout of a BSTR; every call reads
-/// it, and asking the system costs more than the reading.
-inline std::size_t Length(BSTR string) {
-    return string ? reinterpret_cast<const UINT*>(string)[-1] / sizeof(OLECHAR) : 0;
-}
-
-/// A null BSTR is the empty text.
-inline std::u16string_view View(BSTR string) {
-    return string ? std::u16string_view(reinterpret_cast<const char16_t*>(string), Length(string))
-                  : std::u16string_view();
-}
 
 /// The caller's argument as the core function's parameter. Nothing is copied.
 template <typename Parameter>
@@ -76,18 +56,7 @@ class Argument<server::InOutText&> {
     explicit Argument(BSTR* string) : string_(string), text_(com::View(*string)) {}
     server::InOutText& Value() { return text_; }
     void WriteBack() {
-        if (!text_.Replaced()) return;
-        const std::u16string_view text = text_.View();
-        const auto* characters = reinterpret_cast<const wchar_t*>(text.data());
-        const auto length = static_cast<UINT>(text.size());
-        const bool part =
-            *string_ && !std::less<>()(characters, *string_) && std::less<>()(characters, *string_ + Length(*string_));
-        if (part) {  // of the caller's own string: it moves to the front, and the rest is given back
-            std::memmove(*string_, characters, length * sizeof(wchar_t));
-            characters = nullptr;
-        }
-        if (*string_ ? !SysReAllocStringLen(string_, characters, length) : !(*string_ = NewString(text)))
-            throw std::bad_alloc();
+        if (text_.Replaced()) Rewrite(string_, text_.Front(), text_.View());
     }
 
  private:

@@ -16,16 +16,20 @@ class InOutText {
     explicit InOutText(std::u16string_view text) : text_(text) {}
 
     std::u16string_view View() const { return text_; }
+    /// What comes before the view when the caller's variable is written.
+    std::u16string_view Front() const { return front_; }
     bool Replaced() const { return replaced_; }
 
-    /// The caller's variable becomes a part of its own text: no copy is made.
-    void Narrow(std::u16string_view part) {
-        replaced_ = replaced_ || part.size() != text_.size();
+    /// The caller's variable becomes a part of its own text, behind a constant `front`: no copy is made.
+    void Narrow(std::u16string_view part, std::u16string_view front = {}) {
+        replaced_ = replaced_ || part.size() != text_.size() || !front.empty();
         text_ = part;
+        front_ = front;
     }
     void Replace(std::u16string text) {
         storage_ = std::move(text);
         text_ = storage_;
+        front_ = {};
         replaced_ = true;
     }
     InOutText(const InOutText&) = delete;
@@ -33,6 +37,7 @@ class InOutText {
 
  private:
     std::u16string_view text_;
+    std::u16string_view front_;
     std::u16string storage_;
     bool replaced_ = false;
 };

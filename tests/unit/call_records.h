@@ -48,7 +48,8 @@ class Link {
     std::u16string Raw(std::u16string_view text) {
         server::InOutText record(text);
         const cdr::GdvRecord converted = cdr::GetComConvertStringRX(type_, record, state_, settings, clock, message);
-        caller_text = record.View();
+        caller_text = record.Front();
+        caller_text += record.View();
         return std::u16string(converted.View());
     }
     std::string Convert(std::u16string_view text) { return Fields(Raw(text)); }
