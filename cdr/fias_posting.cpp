@@ -12,40 +12,54 @@ using server::Left;
 using server::Mid;
 using server::Right;
 
-/// "" for a field that is missing; nothing, a fault, for one that no "|" follows.
+/// Nothing, a fault, for a field that no "|" follows.
 using Value = std::optional<std::u16string_view>;
+constexpr std::u16string_view kMissing;
 
 /// The fields of a posting as server::GetPipeValue finds them, in one pass over the record.
 struct Posting {
     explicit Posting(std::u16string_view record);
+    Value* Field(char16_t first, char16_t second);
 
     bool describes_link = false;  ///< "LD|" or "LR|" anywhere
-    Value room{u""};
-    Value dialled{u""};
-    Value pulses{u""};
-    Value duration{u""};
-    Value date{u""};
-    Value time{u""};
+    Value room{kMissing};
+    Value dialled{kMissing};
+    Value pulses{kMissing};
+    Value duration{kMissing};
+    Value date{kMissing};
+    Value time{kMissing};
 };
 
-Posting::Posting(std::u16string_view record) {
-    struct Field {
-        char16_t key[2];
-        Value* value;  ///< null when the field has been found: of equal keys the first counts
-    };
-    Field fields[] = {{{u'R', u'N'}, &room},     {{u'D', u'D'}, &dialled}, {{u'M', u'P'}, &pulses},
-                      {{u'D', u'U'}, &duration}, {{u'D', u'A'}, &date},    {{u'T', u'I'}, &time}};
-    const char16_t* const end = record.data() + record.size();
-    for (const char16_t* bar = server::FindCharacter(record.data(), end, u'|'); bar != end;) {
-        if (bar - record.data() >= 2 && bar[-2] == u'L' && (bar[-1] == u'D' || bar[-1] == u'R')) describes_link = true;
-        const char16_t* const next = server::FindCharacter(bar + 1, end, u'|');
-        for (Field& field : fields) {
-            if (next - bar < 3 || bar[1] != field.key[0] || bar[2] != field.key[1] || !field.value) continue;
-            *field.value = next == end ? Value() : std::u16string_view(bar + 3, next);
-            field.value = nullptr;
-        }
-        bar = next;
+constexpr std::uint32_t Key(char16_t first, char16_t second) { return std::uint32_t{first} << 16 | second; }
+
+/// Null for a field that makes no call record.
+Value* Posting::Field(char16_t first, char16_t second) {
+    switch (Key(first, second)) {
+        case Key(u'R', u'N'): return &room;
+        case Key(u'D', u'D'): return &dialled;
+        case Key(u'M', u'P'): return &pulses;
+        case Key(u'D', u'U'): return &duration;
+        case Key(u'D', u'A'): return &date;
+        case Key(u'T', u'I'): return &time;
+        default: return nullptr;
     }
+}
+
+Posting::Posting(std::u16string_view record) {
+    const char16_t* const end = record.data() + record.size();
+    const char16_t* bar = nullptr;  // in front of the field
+    const auto close_at = [&](const char16_t* at) {
+        Value* const field = bar && at - bar > 2 ? Field(bar[1], bar[2]) : nullptr;
+        const bool first = field && *field && (*field)->data() == kMissing.data();
+        if (first) *field = at == end ? Value() : std::u16string_view(bar + 3, at);
+    };
+    server::FindEach(record.data(), end, server::scan::Is{u'|'}, [&](const char16_t* at) {
+        if (at - record.data() >= 2 && at[-2] == u'L' && (at[-1] == u'D' || at[-1] == u'R')) describes_link = true;
+        close_at(at);
+        bar = at;
+        return true;
+    });
+    close_at(end);
 }
 
 }  // namespace

@@ -113,27 +113,31 @@ void FillOutgoing(const Leg& leg, GdvRecord& gdv) {
     AssignNumberOf<kPTYNumber>(gdv, calling == user ? u"" : calling);
 }
 
-/// The instant of the answer, else of the record ("YYYYMMDD-hhmmss"), as local time. A date that does not exist keeps
-/// its digits.
-void AssignInstant(const Leg& leg, const server::Clock& clock, GdvRecord& gdv) {
-    if (leg.connected != 0) {
-        const std::optional<server::DateTime> utc = DateTimeOf(leg.connected);
-        const std::optional<server::DateTime> local = utc ? clock.UtcToLocal(*utc) : std::nullopt;
-        if (local) AssignDateTime(gdv, *local);
-        return;
-    }
-    const std::u16string_view date = leg.keys[Key::Date];
+/// "YYYYMMDD-hhmmss", with any one character between; nothing for a text of another form.
+std::optional<server::DateTime> PrintedInstant(std::u16string_view date) {
     const std::u16string_view day = server::Left(date, 8);
     const std::u16string_view time = Mid(date, 10);
-    if (day.size() != 8 || time.size() != 6 || !server::IsDigits(day) || !server::IsDigits(time)) return;
+    if (day.size() != 8 || time.size() != 6 || !server::IsDigits(day) || !server::IsDigits(time)) return std::nullopt;
     const auto number = [](std::u16string_view digits) { return static_cast<int>(WholeNumber(digits)); };
-    const server::DateTime utc{.year = number(Mid(day, 1, 4)),
-                               .month = number(Mid(day, 5, 2)),
-                               .day = number(Mid(day, 7, 2)),
-                               .hour = number(Mid(time, 1, 2)),
-                               .minute = number(Mid(time, 3, 2)),
-                               .second = number(Mid(time, 5, 2))};
-    AssignDateTime(gdv, clock.UtcToLocal(utc).value_or(utc));
+    return server::DateTime{.year = number(Mid(day, 1, 4)),
+                            .month = number(Mid(day, 5, 2)),
+                            .day = number(Mid(day, 7, 2)),
+                            .hour = number(Mid(time, 1, 2)),
+                            .minute = number(Mid(time, 3, 2)),
+                            .second = number(Mid(time, 5, 2))};
+}
+
+/// The instant of the answer, else of the record, as local time. A date that does not exist keeps its digits.
+void AssignInstant(const Leg& leg, const server::Clock& clock, GdvRecord& gdv) {
+    const bool answered = leg.connected != 0;
+    const auto printed = answered ? std::nullopt : PrintedInstant(leg.keys[Key::Date]);
+    if (!answered && !printed) return;
+    const auto utc = printed ? SecondsOf(*printed) : std::optional(leg.connected);
+    const auto local = utc ? DateTimeOf(*utc + clock.AheadOfUtc()) : std::nullopt;
+    if (local)
+        AssignDateTime(gdv, *local);
+    else if (printed)
+        AssignDateTime(gdv, *printed);
 }
 
 Outcome ConvertLeg(const Leg& leg, const server::Settings& settings, const server::Clock& clock, GdvRecord& gdv) {

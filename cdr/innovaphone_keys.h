@@ -8,8 +8,7 @@
 
 namespace vintrel::cdr {
 
-/// The keys that call records are made of, on the wire "src_if=" and so on: by the length of their names, so that a
-/// name is compared with those of its length only.
+/// The keys that call records are made of, on the wire "src_if=" and so on.
 enum class InnovaphoneKey : std::uint8_t {
     Ref,
     Date,
@@ -34,12 +33,10 @@ class InnovaphoneKeys {
 
     /// Without the blanks around it, which the exchange writes as "+"; inside the value "+" is left. "" for a key that
     /// the record does not have.
-    std::u16string_view operator[](InnovaphoneKey key) const;
+    std::u16string_view operator[](InnovaphoneKey key) const { return values_[static_cast<std::size_t>(key)]; }
 
  private:
     static constexpr std::size_t kCount = 13;
-
-    void Keep(std::u16string_view name, std::u16string_view value);
 
     std::array<std::u16string_view, kCount> values_;
 };

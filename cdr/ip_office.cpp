@@ -16,6 +16,11 @@ using server::Right;
 using server::Trim;
 using server::ZeroPad;
 
+bool HasValue(std::u16string_view text, std::int32_t number) {
+    const auto plain = server::PlainNumber(text);
+    return plain ? *plain == number : NumberValue(text) == number;
+}
+
 struct Leg {
     explicit Leg(std::u16string_view record) : Leg(CommaFields<24>(record)) {}
     explicit Leg(const CommaFields<24>& fields)
@@ -27,10 +32,10 @@ struct Leg {
           called(fields.Field<6>()),
           dialled(fields.Field<7>()),
           account(fields.Field<8>()),
-          internal(NumberValue(fields.Field<9>()) != 0),
+          internal(!HasValue(fields.Field<9>(), 0)),
           call(fields.Field<10>()),
-          continued(NumberValue(fields.Field<11>()) == 1),
-          last(NumberValue(fields.Field<11>()) == 0),
+          continued(HasValue(fields.Field<11>(), 1)),
+          last(HasValue(fields.Field<11>(), 0)),  // neither for any other number
           first_device(fields.Field<12>()),
           second_device(fields.Field<14>()),
           units(fields.Field<24>()) {}
@@ -63,13 +68,12 @@ std::optional<std::int32_t> Whole(double value) {
 std::optional<std::int32_t> CallOf(const Leg& leg) {
     constexpr std::int32_t kIdentifiers = 4'000'000;
     if (!server::IsNumeric(leg.call)) return std::nullopt;
-    const auto call = Whole(NumberValue(leg.call));
+    const auto plain = server::PlainNumber(leg.call);
+    const auto call = plain ? plain : Whole(NumberValue(leg.call));
     return call && *call >= 0 && *call < kIdentifiers ? call : std::nullopt;
 }
 
 std::u16string_view UpToAt(std::u16string_view address) { return address.substr(0, address.find(u'@')); }
-
-double LastThreeDigits(std::u16string_view device) { return NumberValue(Right(device, 3)); }
 
 /// Nothing for a duration that is no whole number.
 std::optional<std::int32_t> SecondsConnected(const Leg& leg) {
@@ -124,7 +128,7 @@ Outcome ConvertIpOffice(std::u16string_view record, ContinuationTable& continuat
     if (leg.outgoing || leg.incoming) {
         const std::u16string_view own = leg.outgoing ? leg.caller : leg.called;
         const std::u16string_view other = leg.outgoing ? leg.called : leg.caller;
-        AssignNumber<kLine>(gdv, LastThreeDigits(leg.SecondIsTrunk() ? leg.second_device : leg.first_device));
+        AssignNumberValue<kLine>(gdv, Right(leg.SecondIsTrunk() ? leg.second_device : leg.first_device, 3));
         Assign<kUser>(gdv, ZeroPad(Trim(leg.FirstIsExtension() ? leg.first_device.substr(1) : own), 5));
         Assign<kNumber>(gdv, BlankPad(UpToAt(other), 16));
         Assign<kPTYNumber>(gdv, BlankPad(leg.outgoing ? u"" : UpToAt(leg.dialled), 16));

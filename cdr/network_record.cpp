@@ -23,9 +23,16 @@ std::u16string_view FirstExtension(std::initializer_list<std::u16string_view> pa
 std::int64_t WholeNumber(std::u16string_view text) {
     constexpr std::size_t kLongest = 18;  // what 64 bits hold for certain
     if (text.size() > kLongest || !IsDigits(text)) return 0;
-    std::int64_t value = 0;
-    for (const char16_t digit : text) value = value * 10 + (digit - u'0');
-    return value;
+    // Two halves that 32 bits hold.
+    constexpr std::uint32_t kBillion = 1'000'000'000;
+    constexpr std::size_t kHalf = 9;
+    const auto value = [](std::u16string_view digits) {
+        std::uint32_t sum = 0;
+        for (const char16_t digit : digits) sum = sum * 10 + (digit - u'0');
+        return sum;
+    };
+    const std::size_t front = text.size() < kHalf ? 0 : text.size() - kHalf;
+    return std::int64_t{value(text.substr(0, front))} * kBillion + value(text.substr(front));
 }
 
 void AssignSeconds(GdvRecord& gdv, std::int64_t seconds) {
@@ -40,9 +47,10 @@ void AssignAccount(GdvRecord& gdv, std::u16string_view account) {
 
 void AssignStart(GdvRecord& gdv, std::u16string_view start) {
     constexpr std::u16string_view kForm = u"0000-00-00 00:00:00";
-    const bool formed =
-        std::equal(start.begin(), start.end(), kForm.begin(), kForm.end(),
-                   [](char16_t c, char16_t form) { return form == u'0' ? server::IsDigit(c) : c == form; });
+    if (start.size() != kForm.size()) return;
+    bool formed = true;
+    for (std::size_t i = 0; i < kForm.size(); ++i)  // no branch
+        formed = formed & (kForm[i] == u'0' ? server::IsDigit(start[i]) : start[i] == kForm[i]);
     if (!formed) return;
     Assign<kDateY>(gdv, Mid(start, 3, 2));
     Assign<kDateM>(gdv, Mid(start, 6, 2));

@@ -38,7 +38,7 @@ Endings EndingsOf(std::u16string_view line) {
 bool IsHotelEvent(std::u16string_view line) {
     const char16_t* at = line.data();
     const char16_t* const end = at + line.size();
-    for (; (at = server::FindEither(at, end, u'C', u'c')) != end; ++at)
+    for (; (at = server::FindFirst(at, end, server::scan::IsEither{u'C', u'c'})) != end; ++at)
         for (const std::u16string_view event : {u"CHECK IN", u"CHECK OUT", u"CLEANED UP"})
             if (server::UpperBegins(std::u16string_view(at, end), event)) return true;
     return server::UpperContains(line, u"TIMED REMINDER");

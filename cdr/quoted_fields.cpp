@@ -18,21 +18,11 @@ std::u16string_view WithoutLineEnds(std::u16string_view record) {
     return record.substr(first, record.find_last_not_of(kLineEnds) - first + 1);
 }
 
-/// The quote that closes a value, or `end` when none does.
-const char16_t* ClosingQuote(const char16_t* at, const char16_t* end, QuoteStyle style) {
-    for (;;) {
-        at = server::FindCharacter(at, end, style.quote);
-        if (at == end) return end;
-        const char16_t* const next = at + 1;
-        if (next == end) return at;
-        if (style.doubled && *next == style.quote) {
-            at = next + 1;
-        } else if (*next == kComma) {
-            return at;
-        } else {
-            at = next;
-        }
-    }
+/// Whether a quote at the end of a value closes it. Doubled quotes in front of it belong to the value.
+bool Closes(const char16_t* value, const char16_t* quote, QuoteStyle style) {
+    const char16_t* first = quote;
+    while (first != value && first[-1] == style.quote) --first;
+    return !style.doubled || (quote - first) % 2 == 0;
 }
 
 }  // namespace
@@ -40,18 +30,33 @@ const char16_t* ClosingQuote(const char16_t* at, const char16_t* end, QuoteStyle
 QuotedFields::QuotedFields(std::u16string_view record, QuoteStyle style, std::size_t wanted) {
     record = WithoutLineEnds(record);
     wanted = std::min(wanted, kCapacity);
-    const char16_t* at = record.data();
-    const char16_t* const end = at + record.size();
-    while (count_ < wanted) {
-        const bool quoted = at != end && *at == style.quote;
-        const char16_t* const value = quoted ? at + 1 : at;
-        const char16_t* const value_end =
-            quoted ? ClosingQuote(value, end, style) : server::FindCharacter(at, end, kComma);
-        fields_[count_++] = {value, value_end};
-        const char16_t* const comma = quoted && value_end != end ? value_end + 1 : value_end;
-        if (comma == end) break;
-        at = comma + 1;
+    const char16_t* const end = record.data() + record.size();
+    const char16_t* value = nullptr;  // of the quoted field that is open
+    const auto keep = [&](const char16_t* field, const char16_t* field_end) {
+        fields_[count_++] = {field, field_end};
+        return count_ < wanted;
+    };
+    // Keeps the fields without quotes that begin here. Whether a quoted one follows.
+    const auto open_at = [&](const char16_t* at) {
+        while (at == end || *at != style.quote) {
+            const char16_t* const comma = server::FindFirst(at, end, server::scan::Is{kComma});
+            if (!keep(at, comma) || comma == end) return false;
+            at = comma + 1;
+        }
+        value = at + 1;
+        return true;
+    };
+    bool open = open_at(record.data());
+    if (open) {
+        server::FindEachPair(value, end, style.quote, kComma, [&](const char16_t* quote) {
+            if (quote < value || !Closes(value, quote, style)) return true;
+            open = keep(value, quote) && open_at(quote + 2);
+            return open;
+        });
     }
+    if (!open) return;
+    const bool closed = value != end && end[-1] == style.quote && Closes(value, end - 1, style);
+    keep(value, closed ? end - 1 : end);
 }
 
 }  // namespace vintrel::cdr

@@ -80,7 +80,7 @@ Side SideOf(std::u16string_view channel) {
     const std::size_t slash = channel.find(u'/');
     if (slash == std::u16string_view::npos) return {};
     Side side{.technology = channel.substr(0, slash), .name = channel.substr(slash + 1)};
-    const std::size_t at_sign = side.name.find(u'@');
+    const std::size_t at_sign = server::Find(side.name, u"@");
     side.name = side.name.substr(0, at_sign != std::u16string_view::npos ? at_sign : side.name.rfind(u'-'));
     side.kind = KindOf(side);
     return side;

@@ -14,10 +14,10 @@ DateTime FromSystem(const SYSTEMTIME& time) {
             .second = time.wSecond};
 }
 
-/// A number that is no 16-bit one becomes one that no date has.
-WORD Part(int value) {
-    constexpr WORD kNoPart = 0xFFFF;
-    return value < 0 || value > kNoPart ? kNoPart : static_cast<WORD>(value);
+/// In steps of 100 ns, as the system counts.
+std::int64_t Count(const FILETIME& time) {
+    return static_cast<std::int64_t>(
+        ULARGE_INTEGER{.LowPart = time.dwLowDateTime, .HighPart = time.dwHighDateTime}.QuadPart);
 }
 
 }  // namespace
@@ -28,22 +28,18 @@ DateTime Win32Clock::LocalNow() const {
     return FromSystem(now);
 }
 
-std::optional<DateTime> Win32Clock::UtcToLocal(const DateTime& utc) const {
-    SYSTEMTIME time{};
-    time.wYear = Part(utc.year);
-    time.wMonth = Part(utc.month);
-    time.wDay = Part(utc.day);
-    time.wHour = Part(utc.hour);
-    time.wMinute = Part(utc.minute);
-    time.wSecond = Part(utc.second);
-    FILETIME utc_file{};
-    if (SystemTimeToFileTime(&time, &utc_file) == FALSE) return std::nullopt;
-    // Not every system refuses 30 February: what comes back tells.
-    if (FileTimeToSystemTime(&utc_file, &time) == FALSE || FromSystem(time) != utc) return std::nullopt;
-    FILETIME local_file{};
-    if (FileTimeToLocalFileTime(&utc_file, &local_file) == FALSE || FileTimeToSystemTime(&local_file, &time) == FALSE)
-        return std::nullopt;
-    return FromSystem(time);
+std::int32_t Win32Clock::AheadOfUtc() const {
+    constexpr std::uint64_t kMilliseconds = 1000;
+    constexpr std::int64_t kStepsPerSecond = 10'000'000;
+    const std::uint64_t now = Milliseconds();
+    if (asked_ != 0 && now - asked_ < kMilliseconds) return ahead_of_utc_;
+    FILETIME utc{};
+    FILETIME local{};
+    GetSystemTimeAsFileTime(&utc);
+    if (FileTimeToLocalFileTime(&utc, &local) == FALSE) return ahead_of_utc_;
+    asked_ = now;
+    ahead_of_utc_ = static_cast<std::int32_t>((Count(local) - Count(utc)) / kStepsPerSecond);
+    return ahead_of_utc_;
 }
 
 std::uint64_t Win32Clock::Milliseconds() const { return GetTickCount64(); }

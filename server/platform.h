@@ -30,8 +30,8 @@ class Clock {
  public:
     virtual ~Clock() = default;
     virtual DateTime LocalNow() const = 0;
-    /// With the time-zone bias in force now, not the one at that date. Nothing for a date that does not exist.
-    virtual std::optional<DateTime> UtcToLocal(const DateTime& utc) const = 0;
+    /// The seconds that local time is ahead of UTC, with the time-zone bias in force now.
+    virtual std::int32_t AheadOfUtc() const = 0;
     /// Milliseconds of a clock that is never set back.
     virtual std::uint64_t Milliseconds() const = 0;
 };

@@ -1,4 +1,4 @@
-// Searching a text eight characters at a time: records of the network exchanges are long, and most of it is passed
+// Searching a text sixteen characters at a time: records of the network exchanges are long, and most of it is passed
 // over.
 #pragma once
 
@@ -11,95 +11,109 @@
 
 namespace vintrel::server {
 
-#if defined(__SSE2__)
+/// What is searched for: a character, or, eight at a time, marks (all bits set) in the places of those that it is.
 namespace scan {
 
-inline constexpr std::ptrdiff_t kBlock = 8;
+#if defined(__SSE2__)
+using Eight = __m128i;
+inline constexpr std::ptrdiff_t kEight = 8;
+inline constexpr std::ptrdiff_t kSixteen = 16;
 
-inline __m128i Load(const char16_t* at) {
+inline Eight Load(const char16_t* at) {
     return _mm_loadu_si128(static_cast<const __m128i_u*>(static_cast<const void*>(at)));
 }
-inline __m128i Eight(char16_t character) { return _mm_set1_epi16(static_cast<short>(character)); }
-
-/// The first of eight characters that is marked; `kBlock` when none is.
-inline std::ptrdiff_t FirstMarked(__m128i marks) {
-    const auto bytes = static_cast<unsigned>(_mm_movemask_epi8(marks));
-    return bytes == 0 ? kBlock : std::countr_zero(bytes) / 2;
+inline Eight All(char16_t character) { return _mm_set1_epi16(static_cast<short>(character)); }
+/// One bit for each of sixteen characters.
+inline unsigned Bits(Eight first, Eight second) {
+    return static_cast<unsigned>(_mm_movemask_epi8(_mm_packs_epi16(first, second)));
 }
-
-}  // namespace scan
 #endif
 
-/// The first `character` in [at, end), else `end`.
-inline const char16_t* FindCharacter(const char16_t* at, const char16_t* end, char16_t character) {
+struct Is {
+    char16_t character;
+    bool operator()(char16_t c) const { return c == character; }
 #if defined(__SSE2__)
-    for (const __m128i wanted = scan::Eight(character); end - at >= scan::kBlock; at += scan::kBlock) {
-        const std::ptrdiff_t found = scan::FirstMarked(_mm_cmpeq_epi16(scan::Load(at), wanted));
-        if (found != scan::kBlock) return at + found;
+    Eight operator()(Eight eight) const { return _mm_cmpeq_epi16(eight, All(character)); }
+#endif
+};
+
+struct IsEither {
+    char16_t one;
+    char16_t other;
+    bool operator()(char16_t c) const { return c == one || c == other; }
+#if defined(__SSE2__)
+    Eight operator()(Eight eight) const { return _mm_or_si128(Is{one}(eight), Is{other}(eight)); }
+#endif
+};
+
+struct IsNeither {
+    char16_t one;
+    char16_t other;
+    bool operator()(char16_t c) const { return c != one && c != other; }
+#if defined(__SSE2__)
+    Eight operator()(Eight eight) const { return _mm_cmpeq_epi16(IsEither{one, other}(eight), _mm_setzero_si128()); }
+#endif
+};
+
+struct IsAtMost {
+    char16_t limit;
+    bool operator()(char16_t c) const { return c <= limit; }
+#if defined(__SSE2__)
+    Eight operator()(Eight eight) const {
+        return _mm_cmpeq_epi16(_mm_subs_epu16(eight, All(limit)), _mm_setzero_si128());
     }
 #endif
-    while (at != end && *at != character) ++at;
+};
+
+}  // namespace scan
+
+/// The first character in [at, end) that `what` is, else `end`.
+template <typename What>
+const char16_t* FindFirst(const char16_t* at, const char16_t* end, What what) {
+#if defined(__SSE2__)
+    for (; end - at >= scan::kSixteen; at += scan::kSixteen) {
+        const unsigned bits = scan::Bits(what(scan::Load(at)), what(scan::Load(at + scan::kEight)));
+        if (bits != 0) return at + std::countr_zero(bits);
+    }
+    if (end - at >= scan::kEight) {
+        const unsigned bits = scan::Bits(what(scan::Load(at)), _mm_setzero_si128());
+        if (bits != 0) return at + std::countr_zero(bits);
+        at += scan::kEight;
+    }
+#endif
+    while (at != end && !what(*at)) ++at;
     return at;
 }
 
-/// Calls `found` with the place of each `character` in [at, end), until it answers false.
-template <typename Found>
-void EachCharacter(const char16_t* at, const char16_t* end, char16_t character, Found found) {
+/// Calls `found` with the place of each character in [at, end) that `what` is, until it answers false.
+template <typename What, typename Found>
+void FindEach(const char16_t* at, const char16_t* end, What what, Found found) {
 #if defined(__SSE2__)
-    for (const __m128i wanted = scan::Eight(character); end - at >= scan::kBlock; at += scan::kBlock) {
-        constexpr unsigned kOneBitEach = 0x5555;
-        const auto bytes = static_cast<unsigned>(_mm_movemask_epi8(_mm_cmpeq_epi16(scan::Load(at), wanted)));
-        for (unsigned marks = bytes & kOneBitEach; marks != 0; marks &= marks - 1)
-            if (!found(at + std::countr_zero(marks) / 2)) return;
+    for (; end - at >= scan::kSixteen; at += scan::kSixteen) {
+        unsigned bits = scan::Bits(what(scan::Load(at)), what(scan::Load(at + scan::kEight)));
+        for (; bits != 0; bits &= bits - 1)
+            if (!found(at + std::countr_zero(bits))) return;
     }
 #endif
     for (; at != end; ++at)
-        if (*at == character && !found(at)) return;
+        if (what(*at) && !found(at)) return;
 }
 
-/// The first of the two characters in [at, end), else `end`.
-inline const char16_t* FindEither(const char16_t* at, const char16_t* end, char16_t one, char16_t other) {
+/// The same for each `one` that the `other` follows.
+template <typename Found>
+void FindEachPair(const char16_t* at, const char16_t* end, char16_t one, char16_t other, Found found) {
 #if defined(__SSE2__)
-    const __m128i ones = scan::Eight(one);
-    const __m128i others = scan::Eight(other);
-    for (; end - at >= scan::kBlock; at += scan::kBlock) {
-        const __m128i eight = scan::Load(at);
-        const std::ptrdiff_t found =
-            scan::FirstMarked(_mm_or_si128(_mm_cmpeq_epi16(eight, ones), _mm_cmpeq_epi16(eight, others)));
-        if (found != scan::kBlock) return at + found;
+    const auto pairs = [=](const char16_t* from) {
+        return _mm_and_si128(scan::Is{one}(scan::Load(from)), scan::Is{other}(scan::Load(from + 1)));
+    };
+    for (; end - at > scan::kSixteen; at += scan::kSixteen) {
+        unsigned bits = scan::Bits(pairs(at), pairs(at + scan::kEight));
+        for (; bits != 0; bits &= bits - 1)
+            if (!found(at + std::countr_zero(bits))) return;
     }
 #endif
-    while (at != end && *at != one && *at != other) ++at;
-    return at;
-}
-
-/// The first character in [at, end) that is neither of the two, else `end`.
-inline const char16_t* FindNeither(const char16_t* at, const char16_t* end, char16_t one, char16_t other) {
-#if defined(__SSE2__)
-    const __m128i ones = scan::Eight(one);
-    const __m128i others = scan::Eight(other);
-    for (; end - at >= scan::kBlock; at += scan::kBlock) {
-        const __m128i eight = scan::Load(at);
-        const __m128i either = _mm_or_si128(_mm_cmpeq_epi16(eight, ones), _mm_cmpeq_epi16(eight, others));
-        const std::ptrdiff_t found = scan::FirstMarked(_mm_cmpeq_epi16(either, _mm_setzero_si128()));
-        if (found != scan::kBlock) return at + found;
-    }
-#endif
-    while (at != end && (*at == one || *at == other)) ++at;
-    return at;
-}
-
-/// The first character in [at, end) that is not above `limit`, else `end`.
-inline const char16_t* FindAtMost(const char16_t* at, const char16_t* end, char16_t limit) {
-#if defined(__SSE2__)
-    for (const __m128i most = scan::Eight(limit); end - at >= scan::kBlock; at += scan::kBlock) {
-        const __m128i above = _mm_subs_epu16(scan::Load(at), most);
-        const std::ptrdiff_t found = scan::FirstMarked(_mm_cmpeq_epi16(above, _mm_setzero_si128()));
-        if (found != scan::kBlock) return at + found;
-    }
-#endif
-    while (at != end && *at > limit) ++at;
-    return at;
+    for (; end - at > 1; ++at)
+        if (*at == one && at[1] == other && !found(at)) return;
 }
 
 }  // namespace vintrel::server

@@ -132,7 +132,7 @@ std::u16string_view Right(std::u16string_view text, std::ptrdiff_t count) {
 
 std::u16string_view Trim(std::u16string_view text, char16_t blank) {
     const char16_t* end = text.data() + text.size();
-    const char16_t* const first = FindNeither(text.data(), end, kBlank, blank);
+    const char16_t* const first = FindFirst(text.data(), end, scan::IsNeither{kBlank, blank});
     while (end != first && (end[-1] == kBlank || end[-1] == blank)) --end;
     return {first, end};
 }
@@ -170,14 +170,14 @@ bool UpperContains(std::u16string_view text, std::u16string_view word) {
     const char16_t* const end = at + text.size();
     // Every other character has no more than these two cases.
     const char16_t other_case = first == kCapitalYDiaeresis ? kSmallYDiaeresis : Lower(first);
-    for (; (at = FindEither(at, end, first, other_case)) != end; ++at)
+    for (; (at = FindFirst(at, end, scan::IsEither{first, other_case})) != end; ++at)
         if (UpperBegins(std::u16string_view(at, end), word)) return true;
     return false;
 }
 
-bool UpperBegins(std::u16string_view text, std::u16string_view word) {
-    return text.size() >= word.size() &&
-           std::equal(word.begin(), word.end(), text.begin(), [](char16_t a, char16_t b) { return a == Upper(b); });
+bool UpperBeginsSurely(std::u16string_view text, std::u16string_view word) {
+    return std::equal(word.begin(), word.end(), text.begin(),
+                      [](char16_t a, char16_t b) { return a == b || a == Upper(b); });
 }
 
 std::size_t Find(std::u16string_view text, std::u16string_view part, std::size_t from) {
@@ -185,7 +185,7 @@ std::size_t Find(std::u16string_view text, std::u16string_view part, std::size_t
         return part.empty() && from <= text.size() ? from : std::u16string_view::npos;
     const char16_t* at = text.data() + from;
     const char16_t* const end = text.data() + text.size();
-    for (; (at = FindCharacter(at, end, part.front())) != end; ++at)
+    for (; (at = FindFirst(at, end, scan::Is{part.front()})) != end; ++at)
         if (std::u16string_view(at, end).starts_with(part)) return static_cast<std::size_t>(at - text.data());
     return std::u16string_view::npos;
 }
@@ -193,8 +193,6 @@ std::size_t Find(std::u16string_view text, std::u16string_view part, std::size_t
 bool Contains(std::u16string_view text, std::u16string_view part) {
     return Find(text, part) != std::u16string_view::npos;
 }
-
-bool IsDigits(std::u16string_view text) { return !text.empty() && std::all_of(text.begin(), text.end(), IsDigit); }
 
 double NumberValue(std::u16string_view text) {
     if (const auto plain = PlainNumber(text)) return *plain;

@@ -82,8 +82,18 @@ char16_t Lower(char16_t character);
 std::u16string Lower(std::u16string_view text);
 /// Whether the upper-cased text contains the (already upper-case) word.
 bool UpperContains(std::u16string_view text, std::u16string_view word);
+/// Whether two characters may be the same letter; false for nearly all that are not.
+constexpr bool MayBeSameLetter(char16_t character, char16_t upper) {
+    constexpr char16_t kCapitalYDiaeresis = 0x0178;  // the one whose small letter is not 32 places behind it
+    return ((character ^ upper) & ~0x20) == 0 || upper == kCapitalYDiaeresis;
+}
+/// The rest of UpperBegins, for a text that is long enough.
+bool UpperBeginsSurely(std::u16string_view text, std::u16string_view word);
 /// Whether the upper-cased text begins with the (already upper-case) word.
-bool UpperBegins(std::u16string_view text, std::u16string_view word);
+inline bool UpperBegins(std::u16string_view text, std::u16string_view word) {
+    return text.size() >= word.size() &&
+           (word.empty() || (MayBeSameLetter(text.front(), word.front()) && UpperBeginsSurely(text, word)));
+}
 /// Whether the upper-cased text equals the (already upper-case) word.
 inline bool UpperEquals(std::u16string_view text, std::u16string_view word) {
     return text.size() == word.size() && UpperBegins(text, word);
@@ -93,7 +103,11 @@ std::size_t Find(std::u16string_view text, std::u16string_view part, std::size_t
 bool Contains(std::u16string_view text, std::u16string_view part);
 constexpr bool IsDigit(char16_t character) { return character >= u'0' && character <= u'9'; }
 /// One or more digits and nothing else.
-bool IsDigits(std::u16string_view text);
+constexpr bool IsDigits(std::u16string_view text) {
+    for (const char16_t character : text)
+        if (!IsDigit(character)) return false;
+    return !text.empty();
+}
 
 /// Blanks, tabs and line feeds are ignored in numbers, wherever they stand.
 constexpr bool IsIgnoredInNumbers(char16_t character) {

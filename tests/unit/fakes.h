@@ -26,15 +26,11 @@ class FakeMessage : public server::CriticalMessage {
 class FakeClock : public server::Clock {
  public:
     server::DateTime LocalNow() const override { return now; }
-    std::optional<server::DateTime> UtcToLocal(const server::DateTime& utc) const override {
-        server::DateTime local = utc;
-        local.hour += bias_hours;  // tests stay within the day
-        return local;
-    }
+    std::int32_t AheadOfUtc() const override { return ahead_of_utc; }
     std::uint64_t Milliseconds() const override { return milliseconds; }
 
     server::DateTime now{.year = 2026, .month = 11, .day = 15, .hour = 6, .minute = 0, .second = 0};
-    int bias_hours = 1;
+    std::int32_t ahead_of_utc = 7200;
     std::uint64_t milliseconds = 1000;
 };
 

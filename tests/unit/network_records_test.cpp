@@ -19,15 +19,6 @@ namespace {
 
 using testing::Shown;
 
-/// Two hours ahead of UTC, and strict about dates as the system's clock is.
-class SummerClock : public testing::FakeClock {
- public:
-    std::optional<server::DateTime> UtcToLocal(const server::DateTime& utc) const override {
-        const auto seconds = SecondsOf(utc);
-        return seconds ? DateTimeOf(*seconds + 7200) : std::nullopt;
-    }
-};
-
 using Fields = std::vector<GdvField>;
 const Fields kAll{kLine,  kUser,  kNumber, kUserCode, kType,      kDurationS, kDateD,
                   kDateM, kDateY, kTimeH,  kTimeM,    kPTYNumber, kMacAddress};
@@ -60,7 +51,7 @@ struct Exchange {
     std::u16string_view type;
     CallRecordState state;
     server::Settings settings;
-    SummerClock clock;
+    testing::FakeClock clock;
     testing::FakeMessage message;
 };
 

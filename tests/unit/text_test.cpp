@@ -134,8 +134,8 @@ TEST(Scan, FindsTheFirstAtEveryPositionAndLength) {
             text.replace(at, std::u16string::npos, length - at, u'&');
             const char16_t* const begin = text.data();
             const char16_t* const end = begin + length;
-            EXPECT_EQ(FindCharacter(begin, end, u'&') - begin, static_cast<std::ptrdiff_t>(at)) << length;
-            EXPECT_EQ(FindAtMost(begin, end, u'&') - begin, static_cast<std::ptrdiff_t>(at)) << length;
+            EXPECT_EQ(FindFirst(begin, end, scan::Is{u'&'}) - begin, static_cast<std::ptrdiff_t>(at)) << length;
+            EXPECT_EQ(FindFirst(begin, end, scan::IsAtMost{u'&'}) - begin, static_cast<std::ptrdiff_t>(at)) << length;
         }
     }
 }
