@@ -7,7 +7,6 @@ namespace {
 
 using server::BlankPad;
 using server::Mid;
-using server::NumberValue;
 using server::Trim;
 using server::ZeroPad;
 
@@ -68,7 +67,7 @@ Outcome ConvertAlgoral(server::InOutText& record, GdvRecord& gdv) {
     AssignUnreported(gdv);
     Assign<kLine>(gdv, ZeroPad(Trim(columns(16, 3)), 5));
     Assign<kUser>(gdv, ZeroPad(Trim(columns(8, 5)), 5));
-    if (kind.type == kTypeNotAnswered && NumberValue(gdv.Slot<kUser>()) == 0) Assign<kUser>(gdv, u"09999");
+    if (kind.type == kTypeNotAnswered && server::HasValue(gdv.Slot<kUser>(), 0)) Assign<kUser>(gdv, u"09999");
     if (kind.number != 0) Assign<kNumber>(gdv, BlankPad(columns(kind.number, 16), 16));
     AssignUserCode(gdv, columns(291, 4));
     Assign<kType>(gdv, kind.type);

@@ -1,11 +1,11 @@
 #include "cdr/avaya_integral.h"
 
 #include "server/control_characters.h"
+#include "server/scan.h"
 
 namespace vintrel::cdr {
 
 using server::Mid;
-using server::NumberValue;
 using server::Trim;
 using server::ZeroPad;
 
@@ -30,11 +30,15 @@ Outcome ConvertIntegral(std::u16string_view record, GdvRecord& gdv) {
 }
 
 Outcome ConvertIntegral2(server::InOutText& record, GdvRecord& gdv) {
-    constexpr std::size_t kLineLength = 82;
+    constexpr std::ptrdiff_t kLineLength = 82;
     constexpr std::size_t kEarliestEnd = 91;
-    const std::size_t line_feed = record.View().find(server::kLf, kEarliestEnd - 1);
-    if (line_feed == std::u16string_view::npos) return Outcome::Rejected;
-    const std::u16string_view line = record.View().substr(line_feed + 1 - kLineLength, kLineLength);
+    const std::u16string_view text = record.View();
+    if (text.size() < kEarliestEnd) return Outcome::Rejected;
+    const char16_t* const end = text.data() + text.size();
+    const char16_t* const line_feed =
+        server::FindFirst(text.data() + kEarliestEnd - 1, end, server::scan::Is{server::kLf});
+    if (line_feed == end) return Outcome::Rejected;
+    const std::u16string_view line(line_feed + 1 - kLineLength, line_feed + 1);
     record.Narrow(line);
 
     AssignUnreported(gdv);
@@ -42,7 +46,7 @@ Outcome ConvertIntegral2(server::InOutText& record, GdvRecord& gdv) {
     Assign<kUser>(gdv, ZeroPad(Trim(Mid(line, 6, 5)), 5));
     Assign<kNumber>(gdv, Mid(line, 11, 16));
     Assign<kUserCode>(gdv, kNoUserCode);
-    Assign<kType>(gdv, NumberValue(Mid(line, 33, 2)) == 0 ? kTypeIncoming : kTypeOutgoing);
+    Assign<kType>(gdv, server::HasValue(Mid(line, 33, 2), 0) ? kTypeIncoming : kTypeOutgoing);
     AssignNumberValue<kUnity>(gdv, Mid(line, 63, 5));
     AssignNumberValue<kDurationS>(gdv, Mid(line, 54, 5));
     Assign<kDateD>(gdv, Mid(line, 40, 2));  // the exchange prints the month first

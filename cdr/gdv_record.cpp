@@ -29,12 +29,6 @@ void GdvRecord::Reject() {
     size_ = 1;
 }
 
-void AssignUnreported(GdvRecord& gdv) {
-    Assign<kSpare>(gdv, u"0");
-    Assign<kInfo>(gdv, u"0");
-    Assign<kMacAddress>(gdv, kNoMacAddress);
-}
-
 void AssignUserCode(GdvRecord& gdv, std::u16string_view user_code) {
     Assign<kUserCode>(gdv, server::ZeroPad(server::Trim(user_code), 4));
 }

@@ -261,7 +261,11 @@ void AssignNumberValue(GdvRecord& gdv, std::u16string_view text) {
 }
 
 /// Spare flag and Info "0", MAC address blank: what almost every exchange leaves open.
-void AssignUnreported(GdvRecord& gdv);
+inline void AssignUnreported(GdvRecord& gdv) {
+    Assign<kSpare>(gdv, u"0");
+    Assign<kInfo>(gdv, u"0");
+    Assign<kMacAddress>(gdv, kNoMacAddress);
+}
 
 /// The trimmed user code, zero-padded; "0000" when it is empty.
 void AssignUserCode(GdvRecord& gdv, std::u16string_view user_code);

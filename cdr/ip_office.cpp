@@ -10,16 +10,12 @@ namespace vintrel::cdr {
 namespace {
 
 using server::BlankPad;
+using server::HasValue;
 using server::Mid;
 using server::NumberValue;
 using server::Right;
 using server::Trim;
 using server::ZeroPad;
-
-bool HasValue(std::u16string_view text, std::int32_t number) {
-    const auto plain = server::PlainNumber(text);
-    return plain ? *plain == number : NumberValue(text) == number;
-}
 
 struct Leg {
     explicit Leg(std::u16string_view record) : Leg(CommaFields<24>(record)) {}

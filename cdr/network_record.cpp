@@ -1,6 +1,7 @@
 #include "cdr/network_record.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "server/text.h"
 
@@ -9,11 +10,6 @@ namespace vintrel::cdr {
 using server::IsDigits;
 using server::Left;
 using server::Mid;
-
-bool IsExtension(std::u16string_view party) {
-    constexpr std::size_t kLongest = 5;
-    return party.size() <= kLongest && IsDigits(party);
-}
 
 std::u16string_view FirstExtension(std::initializer_list<std::u16string_view> parties, std::u16string_view otherwise) {
     const auto* const found = std::find_if(parties.begin(), parties.end(), IsExtension);
@@ -48,9 +44,10 @@ void AssignAccount(GdvRecord& gdv, std::u16string_view account) {
 void AssignStart(GdvRecord& gdv, std::u16string_view start) {
     constexpr std::u16string_view kForm = u"0000-00-00 00:00:00";
     if (start.size() != kForm.size()) return;
-    bool formed = true;
-    for (std::size_t i = 0; i < kForm.size(); ++i)  // no branch
-        formed = formed & (kForm[i] == u'0' ? server::IsDigit(start[i]) : start[i] == kForm[i]);
+    const bool formed = [&]<std::size_t... I>(std::index_sequence<I...>) {  // no loop and no branch
+        return (... & (kForm[I] == u'0' ? server::IsDigit(start[I]) : start[I] == kForm[I]));
+    }
+    (std::make_index_sequence<kForm.size()>());
     if (!formed) return;
     Assign<kDateY>(gdv, Mid(start, 3, 2));
     Assign<kDateM>(gdv, Mid(start, 6, 2));

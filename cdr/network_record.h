@@ -14,7 +14,10 @@
 namespace vintrel::cdr {
 
 /// 1 to 5 digits: what a hotel dials inside, and what fits the User field.
-bool IsExtension(std::u16string_view party);
+constexpr bool IsExtension(std::u16string_view party) {
+    constexpr std::size_t kLongest = 5;
+    return party.size() <= kLongest && server::IsDigits(party);
+}
 
 /// The first of the parties that is an extension, else `otherwise`.
 std::u16string_view FirstExtension(std::initializer_list<std::u16string_view> parties, std::u16string_view otherwise);

@@ -20,9 +20,10 @@ std::u16string_view WithoutLineEnds(std::u16string_view record) {
 
 /// Whether a quote at the end of a value closes it. Doubled quotes in front of it belong to the value.
 bool Closes(const char16_t* value, const char16_t* quote, QuoteStyle style) {
+    if (!style.doubled) return true;
     const char16_t* first = quote;
     while (first != value && first[-1] == style.quote) --first;
-    return !style.doubled || (quote - first) % 2 == 0;
+    return (quote - first) % 2 == 0;
 }
 
 }  // namespace

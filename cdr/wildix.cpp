@@ -76,12 +76,20 @@ Side::Kind KindOf(const Side& side) {
     return Neither;
 }
 
+/// Up to "@", else up to the last "-", behind which the number of the channel stands.
+std::u16string_view NameOf(std::u16string_view channel) {
+    std::size_t end = channel.size();
+    for (std::size_t at = 0; at < channel.size(); ++at) {
+        if (channel[at] == u'@') return channel.substr(0, at);
+        if (channel[at] == u'-') end = at;
+    }
+    return channel.substr(0, end);
+}
+
 Side SideOf(std::u16string_view channel) {
     const std::size_t slash = channel.find(u'/');
     if (slash == std::u16string_view::npos) return {};
-    Side side{.technology = channel.substr(0, slash), .name = channel.substr(slash + 1)};
-    const std::size_t at_sign = server::Find(side.name, u"@");
-    side.name = side.name.substr(0, at_sign != std::u16string_view::npos ? at_sign : side.name.rfind(u'-'));
+    Side side{.technology = channel.substr(0, slash), .name = NameOf(channel.substr(slash + 1))};
     side.kind = KindOf(side);
     return side;
 }

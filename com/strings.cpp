@@ -1,6 +1,7 @@
 #include "com/strings.h"
 
 #include <algorithm>
+#include <array>
 #include <cstring>
 #include <functional>
 #include <new>
@@ -16,16 +17,14 @@ std::optional<std::size_t> PlaceIn(BSTR string, std::u16string_view text) {
     return inside ? std::optional(static_cast<std::size_t>(at - string)) : std::nullopt;
 }
 
-/// Moves a text towards the front, eight characters at a time; the two places may overlap.
+/// Moves a text towards the front, a piece at a time; the two places may overlap.
 void MoveForward(wchar_t* to, std::u16string_view text) {
-    struct Eight {
-        char16_t characters[8];
-    };
+    std::array<char16_t, 32> piece;
     const char16_t* from = text.data();
     const char16_t* const end = from + text.size();
-    for (Eight piece; end - from >= 8; from += 8, to += 8) {
-        std::memcpy(&piece, from, sizeof piece);
-        std::memcpy(to, &piece, sizeof piece);
+    for (; end - from >= std::ssize(piece); from += piece.size(), to += piece.size()) {
+        std::memcpy(piece.data(), from, sizeof piece);
+        std::memcpy(to, piece.data(), sizeof piece);
     }
     for (; from != end; ++from, ++to) *to = *from;
 }

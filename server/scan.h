@@ -4,6 +4,7 @@
 
 #include <bit>
 #include <cstddef>
+#include <cstring>
 
 #if defined(__SSE2__)
 #include <emmintrin.h>
@@ -20,7 +21,9 @@ inline constexpr std::ptrdiff_t kEight = 8;
 inline constexpr std::ptrdiff_t kSixteen = 16;
 
 inline Eight Load(const char16_t* at) {
-    return _mm_loadu_si128(static_cast<const __m128i_u*>(static_cast<const void*>(at)));
+    Eight eight;
+    std::memcpy(&eight, at, sizeof eight);
+    return eight;
 }
 inline Eight All(char16_t character) { return _mm_set1_epi16(static_cast<short>(character)); }
 /// One bit for each of sixteen characters.
@@ -103,11 +106,14 @@ void FindEach(const char16_t* at, const char16_t* end, What what, Found found) {
 template <typename Found>
 void FindEachPair(const char16_t* at, const char16_t* end, char16_t one, char16_t other, Found found) {
 #if defined(__SSE2__)
-    const auto pairs = [=](const char16_t* from) {
-        return _mm_and_si128(scan::Is{one}(scan::Load(from)), scan::Is{other}(scan::Load(from + 1)));
-    };
+    const scan::Eight ones = scan::All(one);
+    const scan::Eight others = scan::All(other);
     for (; end - at > scan::kSixteen; at += scan::kSixteen) {
-        unsigned bits = scan::Bits(pairs(at), pairs(at + scan::kEight));
+        scan::Eight low = _mm_cmpeq_epi16(scan::Load(at), ones);
+        scan::Eight high = _mm_cmpeq_epi16(scan::Load(at + scan::kEight), ones);
+        low = _mm_and_si128(low, _mm_cmpeq_epi16(scan::Load(at + 1), others));
+        high = _mm_and_si128(high, _mm_cmpeq_epi16(scan::Load(at + scan::kEight + 1), others));
+        unsigned bits = scan::Bits(low, high);
         for (; bits != 0; bits &= bits - 1)
             if (!found(at + std::countr_zero(bits))) return;
     }

@@ -163,19 +163,20 @@ std::u16string Lower(std::u16string_view text) {
     return result;
 }
 
-bool UpperContains(std::u16string_view text, std::u16string_view word) {
+bool long_enough::UpperContains(std::u16string_view text, std::u16string_view word) {
     if (word.empty()) return true;
     const char16_t first = word.front();
     const char16_t* at = text.data();
     const char16_t* const end = at + text.size();
+    const char16_t* const last = end - word.size() + 1;  // behind the last place where the word can begin
     // Every other character has no more than these two cases.
     const char16_t other_case = first == kCapitalYDiaeresis ? kSmallYDiaeresis : Lower(first);
-    for (; (at = FindFirst(at, end, scan::IsEither{first, other_case})) != end; ++at)
+    for (; (at = FindFirst(at, last, scan::IsEither{first, other_case})) != last; ++at)
         if (UpperBegins(std::u16string_view(at, end), word)) return true;
     return false;
 }
 
-bool UpperBeginsSurely(std::u16string_view text, std::u16string_view word) {
+bool long_enough::UpperBegins(std::u16string_view text, std::u16string_view word) {
     return std::equal(word.begin(), word.end(), text.begin(),
                       [](char16_t a, char16_t b) { return a == b || a == Upper(b); });
 }

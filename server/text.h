@@ -80,19 +80,24 @@ char16_t Upper(char16_t character);
 std::u16string Upper(std::u16string_view text);
 char16_t Lower(char16_t character);
 std::u16string Lower(std::u16string_view text);
-/// Whether the upper-cased text contains the (already upper-case) word.
+/// The rest of two functions below, once the text is known to be long enough.
+namespace long_enough {
 bool UpperContains(std::u16string_view text, std::u16string_view word);
+bool UpperBegins(std::u16string_view text, std::u16string_view word);
+}  // namespace long_enough
+/// Whether the upper-cased text contains the (already upper-case) word.
+inline bool UpperContains(std::u16string_view text, std::u16string_view word) {
+    return text.size() >= word.size() && long_enough::UpperContains(text, word);
+}
 /// Whether two characters may be the same letter; false for nearly all that are not.
 constexpr bool MayBeSameLetter(char16_t character, char16_t upper) {
     constexpr char16_t kCapitalYDiaeresis = 0x0178;  // the one whose small letter is not 32 places behind it
     return ((character ^ upper) & ~0x20) == 0 || upper == kCapitalYDiaeresis;
 }
-/// The rest of UpperBegins, for a text that is long enough.
-bool UpperBeginsSurely(std::u16string_view text, std::u16string_view word);
 /// Whether the upper-cased text begins with the (already upper-case) word.
 inline bool UpperBegins(std::u16string_view text, std::u16string_view word) {
     return text.size() >= word.size() &&
-           (word.empty() || (MayBeSameLetter(text.front(), word.front()) && UpperBeginsSurely(text, word)));
+           (word.empty() || (MayBeSameLetter(text.front(), word.front()) && long_enough::UpperBegins(text, word)));
 }
 /// Whether the upper-cased text equals the (already upper-case) word.
 inline bool UpperEquals(std::u16string_view text, std::u16string_view word) {
@@ -133,6 +138,11 @@ inline std::optional<std::int32_t> PlainNumber(std::u16string_view text) {
 /// sign, digits with at most one ".", an optional exponent (E or D), or "&H" and "&O" numbers. Reading stops at the
 /// first other character; nothing readable is 0.
 double NumberValue(std::u16string_view text);
+/// Whether the number at the start of a text is this one.
+inline bool HasValue(std::u16string_view text, std::int32_t number) {
+    const auto plain = PlainNumber(text);
+    return plain ? *plain == number : NumberValue(text) == number;
+}
 /// Whether the whole text is a number: optional blanks around it, sign, digits with at most one "." or ",", exponent,
 /// or "&H" digits.
 bool IsNumeric(std::u16string_view text);

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "printing.h"
 #include "server/scan.h"
 
@@ -127,8 +129,8 @@ TEST(Text, MidReadsShortAndNeverBeforeTheText) {
     EXPECT_FALSE(Contains(u"</cdr", u"</cdr>"));
 }
 
-TEST(Scan, FindsTheFirstAtEveryPositionAndLength) {
-    for (std::size_t length = 0; length <= 20; ++length) {
+TEST(Scan, FindsAtEveryPositionAndLength) {
+    for (std::size_t length = 0; length <= 40; ++length) {
         for (std::size_t at = 0; at <= length; ++at) {
             std::u16string text(length, u'\xFF26');  // its low byte is that of "&"
             text.replace(at, std::u16string::npos, length - at, u'&');
@@ -136,6 +138,13 @@ TEST(Scan, FindsTheFirstAtEveryPositionAndLength) {
             const char16_t* const end = begin + length;
             EXPECT_EQ(FindFirst(begin, end, scan::Is{u'&'}) - begin, static_cast<std::ptrdiff_t>(at)) << length;
             EXPECT_EQ(FindFirst(begin, end, scan::IsAtMost{u'&'}) - begin, static_cast<std::ptrdiff_t>(at)) << length;
+            std::size_t found = at;
+            const auto next = [&](const char16_t* place) { return place == begin + found++; };
+            FindEach(begin, end, scan::Is{u'&'}, next);
+            EXPECT_EQ(found, length) << at;
+            found = at;
+            FindEachPair(begin, end, u'&', u'&', next);
+            EXPECT_EQ(found, std::max(at, length - std::min<std::size_t>(length, 1))) << length;
         }
     }
 }
