@@ -10,6 +10,7 @@ namespace {
 using server::BlankPad;
 using server::Left;
 using server::Mid;
+using server::Pair;
 using server::Right;
 
 /// Nothing, a fault, for a field that no "|" follows.
@@ -30,17 +31,15 @@ struct Posting {
     Value time{kMissing};
 };
 
-constexpr std::uint32_t Key(char16_t first, char16_t second) { return std::uint32_t{first} << 16 | second; }
-
 /// Null for a field that makes no call record.
 Value* Posting::Field(char16_t first, char16_t second) {
-    switch (Key(first, second)) {
-        case Key(u'R', u'N'): return &room;
-        case Key(u'D', u'D'): return &dialled;
-        case Key(u'M', u'P'): return &pulses;
-        case Key(u'D', u'U'): return &duration;
-        case Key(u'D', u'A'): return &date;
-        case Key(u'T', u'I'): return &time;
+    switch (Pair(first, second)) {
+        case Pair(u'R', u'N'): return &room;
+        case Pair(u'D', u'D'): return &dialled;
+        case Pair(u'M', u'P'): return &pulses;
+        case Pair(u'D', u'U'): return &duration;
+        case Pair(u'D', u'A'): return &date;
+        case Pair(u'T', u'I'): return &time;
         default: return nullptr;
     }
 }

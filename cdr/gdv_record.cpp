@@ -6,12 +6,11 @@
 
 namespace vintrel::cdr {
 void GdvRecord::Assemble() {
-    const bool full = [&]<std::size_t... I>(std::index_sequence<I...>) {
+    const auto full = [&]<std::size_t... I>(std::index_sequence<I...>) {
         return (... && (sizes_[I] == kGdvFields[I].Width()));
-    }
-    (std::make_index_sequence<kCount>());
+    };
     char16_t* end = At(kMacAddress) + kMacAddress.length;
-    if (!full) {
+    if (!full(std::make_index_sequence<kCount>())) {
         end = At(kLine);
         for (std::size_t i = 0; i < kCount;
              ++i) {  // each moves to the left or stays: none is overwritten before its turn

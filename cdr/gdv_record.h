@@ -93,9 +93,10 @@ inline constexpr auto kDigitPairs = [] {
     return pairs;
 }();
 
-// What slots are padded with.
-inline constexpr std::u16string_view kZeros = u"00000";
+// What slots are padded with, as many as the widest takes.
+inline constexpr std::u16string_view kZeros = u"00000000000000000";
 inline constexpr std::u16string_view kBlanks = u"                 ";
+static_assert(kZeros.size() == kMacAddress.Width() && kBlanks.size() == kZeros.size());
 
 /// A short text that lives where it stands.
 template <std::size_t Capacity>

@@ -4,10 +4,12 @@
 
 #include "server/control_characters.h"
 #include "server/scan.h"
+#include "server/text.h"
 
 namespace vintrel::cdr {
 namespace {
 
+using server::Pair;
 using Key = InnovaphoneKey;
 
 bool BeginsKey(char16_t character) { return character == u'&' || character == server::kBlank; }
@@ -21,35 +23,39 @@ std::u16string_view WithoutBlanks(std::u16string_view value) {
     return value;
 }
 
-constexpr std::uint32_t Pair(char16_t first, char16_t second) { return std::uint32_t{first} << 16 | second; }
-
 struct Name {
     Key key;
     std::size_t length = 0;  ///< with its "="; 0: none of the keys that call records are made of
+
+    explicit operator bool() const { return length != 0; }
 };
+
+template <std::size_t Size>
+Name Match(std::u16string_view text, Key key, const char16_t (&name)[Size]) {
+    constexpr std::size_t kLength = Size - 1;  // without the NUL
+    const bool same = text.size() >= kLength && std::memcmp(text.data(), name, kLength * sizeof(char16_t)) == 0;
+    return {key, same ? kLength : 0};
+}
 
 /// The key that a text begins with.
 Name NameAt(std::u16string_view text) {
-    const auto is = [&]<std::size_t Size>(const char16_t(&name)[Size]) {
-        return text.size() >= Size - 1 && std::memcmp(text.data(), name, (Size - 1) * sizeof(char16_t)) == 0;
-    };
     if (text.size() < 2) return {};
     switch (Pair(text[0], text[1])) {
-        case Pair(u'r', u'e'): return is(u"ref=") ? Name{Key::Ref, 4} : Name{};
-        case Pair(u'e', u'v'): return is(u"event=") ? Name{Key::Event, 6} : Name{};
-        case Pair(u'c', u'o'): return is(u"connect_time=") ? Name{Key::ConnectTime, 13} : Name{};
-        case Pair(u'd', u'i'): return is(u"disc_time=") ? Name{Key::DiscTime, 10} : Name{};
-        case Pair(u'd', u'a'): return is(u"date=") ? Name{Key::Date, 5} : Name{};
+        case Pair(u'r', u'e'): return Match(text, Key::Ref, u"ref=");
+        case Pair(u'e', u'v'): return Match(text, Key::Event, u"event=");
+        case Pair(u'c', u'o'): return Match(text, Key::ConnectTime, u"connect_time=");
+        case Pair(u'd', u'i'): return Match(text, Key::DiscTime, u"disc_time=");
+        case Pair(u'd', u'a'): return Match(text, Key::Date, u"date=");
         case Pair(u'd', u's'):
-            if (is(u"dst_cdpn=")) return {Key::DstCdpn, 9};
-            if (is(u"dst_cgpn=")) return {Key::DstCgpn, 9};
-            return is(u"dst_if=") ? Name{Key::DstIf, 7} : Name{};
+            if (const Name found = Match(text, Key::DstCdpn, u"dst_cdpn=")) return found;
+            if (const Name found = Match(text, Key::DstCgpn, u"dst_cgpn=")) return found;
+            return Match(text, Key::DstIf, u"dst_if=");
         case Pair(u's', u'r'):
-            if (is(u"src_cdpn=")) return {Key::SrcCdpn, 9};
-            if (is(u"src_cgpn=")) return {Key::SrcCgpn, 9};
-            if (is(u"src_dgpn=")) return {Key::SrcDgpn, 9};
-            if (is(u"src_if=")) return {Key::SrcIf, 7};
-            return is(u"srv_id=") ? Name{Key::SrvId, 7} : Name{};
+            if (const Name found = Match(text, Key::SrcCdpn, u"src_cdpn=")) return found;
+            if (const Name found = Match(text, Key::SrcCgpn, u"src_cgpn=")) return found;
+            if (const Name found = Match(text, Key::SrcDgpn, u"src_dgpn=")) return found;
+            if (const Name found = Match(text, Key::SrcIf, u"src_if=")) return found;
+            return Match(text, Key::SrvId, u"srv_id=");
         default: return {};
     }
 }

@@ -44,11 +44,10 @@ void AssignAccount(GdvRecord& gdv, std::u16string_view account) {
 void AssignStart(GdvRecord& gdv, std::u16string_view start) {
     constexpr std::u16string_view kForm = u"0000-00-00 00:00:00";
     if (start.size() != kForm.size()) return;
-    const bool formed = [&]<std::size_t... I>(std::index_sequence<I...>) {  // no loop and no branch
-        return (... & (kForm[I] == u'0' ? server::IsDigit(start[I]) : start[I] == kForm[I]));
-    }
-    (std::make_index_sequence<kForm.size()>());
-    if (!formed) return;
+    const auto formed = [&]<std::size_t... I>(std::index_sequence<I...>) {
+        return (... && (kForm[I] == u'0' ? server::IsDigit(start[I]) : start[I] == kForm[I]));
+    };
+    if (!formed(std::make_index_sequence<kForm.size()>())) return;
     Assign<kDateY>(gdv, Mid(start, 3, 2));
     Assign<kDateM>(gdv, Mid(start, 6, 2));
     Assign<kDateD>(gdv, Mid(start, 9, 2));

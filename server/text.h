@@ -75,6 +75,9 @@ inline std::u16string_view Trim(std::u16string_view text) {
 /// Without the blanks at both ends and what an exchange prints for a blank.
 std::u16string_view Trim(std::u16string_view text, char16_t blank);
 
+/// Two characters as one number, for a switch.
+constexpr std::uint32_t Pair(char16_t first, char16_t second) { return std::uint32_t{first} << 16 | second; }
+
 /// Upper case of ASCII and Latin-1 letters; every other character stays.
 char16_t Upper(char16_t character);
 std::u16string Upper(std::u16string_view text);
