@@ -1,6 +1,7 @@
 #include "cdr/algoral.h"
 
 #include <cstddef>
+#include <iterator>
 
 namespace vintrel::cdr {
 namespace {
@@ -57,10 +58,11 @@ Outcome ConvertAlgoral(server::InOutText& record, GdvRecord& gdv) {
     // A colon behind the useful part leaves nothing to cut, and the text is read as it stands.
     const bool cut = colon <= kUsefulEnd;
     if (cut) record.Narrow(Trim(record.View().substr(colon, kUsefulEnd - colon)), kTag);
-    // Columns count from the tag, which nobody reads.
-    const std::ptrdiff_t tag = cut ? std::ptrdiff_t{kTag.size()} : 0;
-    const auto columns = [text = record.View(), tag](std::ptrdiff_t start, std::ptrdiff_t count) {
-        return Mid(text, start - tag, count);
+    // Columns count from the tag, in which nothing is read.
+    constexpr std::ptrdiff_t kTagLength = std::ssize(kTag);
+    const std::u16string_view behind_tag = cut ? record.View() : Mid(record.View(), kTagLength + 1);
+    const auto columns = [=](std::ptrdiff_t start, std::ptrdiff_t count) {
+        return Mid(behind_tag, start - kTagLength, count);
     };
     const Kind kind = KindOf(columns(139, 1));
 
