@@ -36,12 +36,9 @@ constexpr PerModel<CatalogueRow> kCatalogue{{
 
 constexpr std::size_t kCodeLength = 9;
 
-/// The number that the last two characters of a code form; 100 and more when they are not digits.
-constexpr std::size_t Ending(std::u16string_view code) {
-    const auto digit = [&](std::size_t at) { return static_cast<std::size_t>(code[at] - u'0') & 0xFFFF; };
-    return digit(kCodeLength - 2) > 9 || digit(kCodeLength - 1) > 9
-               ? 100
-               : digit(kCodeLength - 2) * 10 + digit(kCodeLength - 1);
+/// The number that the last two characters of a code form; of characters that are no digits, any number.
+constexpr unsigned Ending(std::u16string_view code) {
+    return (code[kCodeLength - 2] - unsigned{u'0'}) * 10 + (code[kCodeLength - 1] - unsigned{u'0'});
 }
 
 /// The one model that a code with a given ending can be. Two codes with the same ending do not compile.
@@ -60,7 +57,7 @@ constexpr auto kByEnding = [] {
 
 std::optional<Model> FindModel(std::u16string_view code) {
     if (code.size() != kCodeLength) return std::nullopt;
-    const std::size_t ending = Ending(code);
+    const unsigned ending = Ending(code);
     if (ending >= kByEnding.size() || kByEnding[ending] == kModelCount) return std::nullopt;
     const auto model = static_cast<Model>(kByEnding[ending]);
     const bool equal = std::memcmp(kCatalogue[model].code.data(), code.data(), kCodeLength * sizeof(char16_t)) == 0;
