@@ -48,8 +48,8 @@ Posting::Posting(std::u16string_view record) {
     const char16_t* const end = record.data() + record.size();
     const char16_t* bar = nullptr;  // in front of the field
     const auto close_at = [&](const char16_t* at) {
-        Value* const field = bar && at - bar > 2 ? Field(bar[1], bar[2]) : nullptr;
-        const bool first = field && *field && (*field)->data() == kMissing.data();
+        Value* const field = bar != nullptr && at - bar > 2 ? Field(bar[1], bar[2]) : nullptr;
+        const bool first = field != nullptr && *field && (*field)->data() == kMissing.data();
         if (first) *field = at == end ? Value() : std::u16string_view(bar + 3, at);
     };
     server::FindEach(record.data(), end, server::scan::Is{u'|'}, [&](const char16_t* at) {

@@ -178,7 +178,7 @@ class GdvRecord {
     void BecomeDigits(unsigned number) {
         char16_t* end = At(Field) + Field.Width();
         for (std::size_t left = Field.Width(); left > 1; left -= 2, number /= 100)
-            CopyFixed<2>(end -= 2, kDigitPairs.data() + number % 100 * 2);
+            CopyFixed<2>(end -= 2, &kDigitPairs[std::size_t{number % 100} * 2]);
         if constexpr (Field.Width() % 2 == 1) *--end = static_cast<char16_t>(u'0' + number % 10);
         sizes_[kIndex<Field>] = Field.Width();
     }

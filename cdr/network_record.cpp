@@ -8,7 +8,6 @@
 namespace vintrel::cdr {
 
 using server::IsDigits;
-using server::Left;
 using server::Mid;
 
 std::u16string_view FirstExtension(std::initializer_list<std::u16string_view> parties, std::u16string_view otherwise) {
