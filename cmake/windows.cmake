@@ -61,7 +61,7 @@ foreach(part vintrel_core vintrel_edge Vintrel)
 endforeach()
 file(GLOB fast_sources CONFIGURE_DEPENDS cdr/*.cpp)
 list(APPEND fast_sources server/text.cpp server/catalogue.cpp server/type_code.cpp com/com_events_rx.cpp com/strings.cpp)
-set_property(SOURCE ${fast_sources} APPEND PROPERTY COMPILE_OPTIONS "$<$<CONFIG:Release>:-O2;-falign-loops=1;-falign-jumps=1>")
+set_property(SOURCE ${fast_sources} APPEND PROPERTY COMPILE_OPTIONS "$<$<CONFIG:Release>:-O2;-falign-loops=1>")
 
 # The symbols stay beside the DLL that ships.
 add_custom_command(TARGET Vintrel POST_BUILD

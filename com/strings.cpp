@@ -11,9 +11,9 @@ namespace vintrel::com {
 namespace {
 
 /// Where the text begins in the string, counted from 0; nothing when it is no part of it.
-std::optional<std::size_t> PlaceIn(BSTR string, std::u16string_view text) {
+std::optional<std::size_t> PlaceIn(const OLECHAR* string, std::u16string_view text) {
     const auto* const at = reinterpret_cast<const wchar_t*>(text.data());
-    const bool inside = string && !std::less<>()(at, string) && std::less<>()(at, string + Length(string));
+    const bool inside = string != nullptr && !std::less<>()(at, string) && std::less<>()(at, string + Length(string));
     return inside ? std::optional(static_cast<std::size_t>(at - string)) : std::nullopt;
 }
 
@@ -47,7 +47,7 @@ void Rewrite(BSTR* string, std::u16string_view front, std::u16string_view text) 
         Shorten(*string, length);
         return;
     }
-    BSTR const fresh = SysAllocStringLen(nullptr, static_cast<UINT>(length));
+    wchar_t* const fresh = SysAllocStringLen(nullptr, static_cast<UINT>(length));
     if (!fresh) throw std::bad_alloc();
     std::copy(text.begin(), text.end(), std::copy(front.begin(), front.end(), fresh));
     SysFreeString(*string);

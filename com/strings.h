@@ -19,12 +19,12 @@ inline BSTR NewString(std::u16string_view text) {
 
 /// In characters. The number of bytes stands in front of them, by the documented layout of a BSTR; every call reads
 /// it, and asking the system costs more than the reading.
-inline std::size_t Length(BSTR string) {
+inline std::size_t Length(const OLECHAR* string) {
     return string ? reinterpret_cast<const UINT*>(string)[-1] / sizeof(OLECHAR) : 0;
 }
 
 /// A null BSTR is the empty text.
-inline std::u16string_view View(BSTR string) {
+inline std::u16string_view View(const OLECHAR* string) {
     return string ? std::u16string_view(reinterpret_cast<const char16_t*>(string), Length(string))
                   : std::u16string_view();
 }
