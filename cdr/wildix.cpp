@@ -7,6 +7,7 @@
 
 #include "cdr/network_record.h"
 #include "cdr/quoted_fields.h"
+#include "server/scan.h"
 #include "server/text.h"
 
 namespace vintrel::cdr {
@@ -78,12 +79,13 @@ Side::Kind KindOf(const Side& side) {
 
 /// Up to "@", else up to the last "-", behind which the number of the channel stands.
 std::u16string_view NameOf(std::u16string_view channel) {
-    std::size_t end = channel.size();
-    for (std::size_t at = 0; at < channel.size(); ++at) {
-        if (channel[at] == u'@') return channel.substr(0, at);
-        if (channel[at] == u'-') end = at;
-    }
-    return channel.substr(0, end);
+    const char16_t* const begin = channel.data();
+    const char16_t* end = begin + channel.size();
+    server::FindEach(begin, end, server::scan::IsEither{u'@', u'-'}, [&](const char16_t* at) {
+        end = at;
+        return *at != u'@';
+    });
+    return {begin, end};
 }
 
 Side SideOf(std::u16string_view channel) {

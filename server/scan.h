@@ -92,10 +92,16 @@ const char16_t* FindFirst(const char16_t* at, const char16_t* end, What what) {
 template <typename What, typename Found>
 void FindEach(const char16_t* at, const char16_t* end, What what, Found found) {
 #if defined(__SSE2__)
-    for (; end - at >= scan::kSixteen; at += scan::kSixteen) {
-        unsigned bits = scan::Bits(what(scan::Load(at)), what(scan::Load(at + scan::kEight)));
+    const auto each = [&](unsigned bits) {
         for (; bits != 0; bits &= bits - 1)
-            if (!found(at + std::countr_zero(bits))) return;
+            if (!found(at + std::countr_zero(bits))) return false;
+        return true;
+    };
+    for (; end - at >= scan::kSixteen; at += scan::kSixteen)
+        if (!each(scan::Bits(what(scan::Load(at)), what(scan::Load(at + scan::kEight))))) return;
+    if (end - at >= scan::kEight) {
+        if (!each(scan::Bits(what(scan::Load(at)), _mm_setzero_si128()))) return;
+        at += scan::kEight;
     }
 #endif
     for (; at != end; ++at)

@@ -212,6 +212,7 @@ double NumberValue(std::u16string_view text) {
 }
 
 bool IsNumeric(std::u16string_view text) {
+    if (IsDigits(text)) return true;
     text = Trim(text);
     if (text.size() > 2 && text[0] == u'&' && Upper(text[1]) == u'H')
         return std::all_of(text.begin() + 2, text.end(), [](char16_t c) { return DigitValue(c, 16) >= 0; });
