@@ -15,8 +15,9 @@
 
 namespace vintrel::testing {
 
-/// "line user number code spare/info/type unity duration d.m.y h:m pty" of a record, blanks trimmed and empty columns
-/// as "-"; "rejected" for the marker; a record of another length as it stands.
+/// "line user number code spare/info/type unity duration d.m.y h:m pty" of a record, and its MAC address where it
+/// has one; blanks trimmed and empty columns as "-"; "rejected" for the marker; a record of another length as it
+/// stands.
 inline std::string Fields(std::u16string_view record) {
     using namespace cdr;  // NOLINT(google-build-using-namespace): the 34 accessors
     if (record == u"\x10") return "rejected";
@@ -26,6 +27,7 @@ inline std::string Fields(std::u16string_view record) {
         const std::string text = Shown(server::Trim(server::Mid(body, start, length)));
         return text.empty() ? "-" : text;
     };
+    const std::string mac = field(GetGdvMacAddressLenStart(), GetGdvMacAddressLenStop());
     return field(GetGdvLineLenStart(), GetGdvLineLenStop()) + " " + field(GetGdvUserLenStart(), GetGdvUserLenStop()) +
            " " + field(GetGdvNumberLenStart(), GetGdvNumberLenStop()) + " " +
            field(GetGdvUserCodeLenStart(), GetGdvUserCodeLenStop()) + " " + field(31, 1) + "/" +
@@ -37,7 +39,7 @@ inline std::string Fields(std::u16string_view record) {
            field(GetGdvDateYLenStart(), GetGdvDateYLenStop()) + " " +
            field(GetGdvTimeHLenStart(), GetGdvTimeHLenStop()) + ":" +
            field(GetGdvTimeMLenStart(), GetGdvTimeMLenStop()) + " " +
-           field(GetGdvPTYNumberLenStart(), GetGdvPTYNumberLenStop());
+           field(GetGdvPTYNumberLenStart(), GetGdvPTYNumberLenStop()) + (mac == "-" ? "" : " " + mac);
 }
 
 /// One model's link: what conversions remember stays from record to record.
