@@ -1,17 +1,12 @@
-#include <gtest/gtest.h>
-
 #include <map>
-#include <string>
 
-#include "cdr/convert.h"
+#include "call_records.h"
 #include "cdr/date_time.h"
-#include "cdr/gdv_filter.h"
-#include "fakes.h"
-#include "printing.h"
 
 namespace vintrel::cdr {
 namespace {
 
+using testing::Link;
 using testing::Shown;
 
 TEST(GdvRecord, AValueThatDoesNotFitLeavesTheSlotAlone) {
@@ -19,21 +14,23 @@ TEST(GdvRecord, AValueThatDoesNotFitLeavesTheSlotAlone) {
     Assign<kUser>(gdv, u"00101");
     Assign<kUser>(gdv, u"123456");
     Assign<kUser>(gdv, server::ZeroPad(u"123456", 5));
-    EXPECT_EQ(Shown(gdv.Slot<kUser>()), "00101");
+    EXPECT_EQ(gdv.Slot<kUser>(), u"00101");
     Assign<kUser>(gdv, u"");
-    EXPECT_EQ(Shown(gdv.Slot<kUser>()), "");
+    EXPECT_EQ(gdv.Slot<kUser>(), u"");
 }
 
 TEST(GdvRecord, NumbersArePaddedInTheirDecimalForm) {
-    const struct {
-        double value;
-        const char* text;
-    } rows[] = {{0, "00000"},    {345, "00345"}, {99999, "99999"}, {100000, ""},
-                {12.5, "012.5"}, {-7, "000-7"},  {1e20, "1E+20"},  {0.000012345, ""}};
-    for (const auto& row : rows) {
+    for (const auto& [value, text] : {std::pair(0.0, "00000"),
+                                      {345, "00345"},
+                                      {99999, "99999"},
+                                      {100000, ""},
+                                      {12.5, "012.5"},
+                                      {-7, "000-7"},
+                                      {1e20, "1E+20"},
+                                      {0.000012345, ""}}) {
         GdvRecord gdv;
-        AssignNumber<kDurationS>(gdv, row.value);
-        EXPECT_EQ(Shown(gdv.Slot<kDurationS>()), row.text) << row.value;
+        AssignNumber<kDurationS>(gdv, value);
+        EXPECT_EQ(Shown(gdv.Slot<kDurationS>()), text) << value;
     }
 }
 
@@ -67,14 +64,12 @@ TEST(ReferenceTable, HoldsAtMost512AndFreesOneSlotPerRemoval) {
 }
 
 TEST(DateTime, RoundTripsOverLeapYearsAndRefusesWhatDoesNotExist) {
-    const server::DateTime leap_end{.year = 2024, .month = 2, .day = 29, .hour = 23, .minute = 59, .second = 59};
-    const auto seconds = SecondsOf(leap_end);
-    ASSERT_TRUE(seconds.has_value());
-    EXPECT_EQ(*seconds, 1709251199);
-    EXPECT_EQ(DateTimeOf(*seconds), leap_end);
-    EXPECT_EQ(DateTimeOf(*seconds + 1), (server::DateTime{.year = 2024, .month = 3, .day = 1}));
-    EXPECT_EQ(DateTimeOf(-1),
-              (server::DateTime{.year = 1969, .month = 12, .day = 31, .hour = 23, .minute = 59, .second = 59}));
+    using server::DateTime;
+    const DateTime leap_end{.year = 2024, .month = 2, .day = 29, .hour = 23, .minute = 59, .second = 59};
+    EXPECT_EQ(SecondsOf(leap_end), 1709251199);
+    EXPECT_EQ(DateTimeOf(1709251199), leap_end);
+    EXPECT_EQ(DateTimeOf(1709251200), (DateTime{.year = 2024, .month = 3, .day = 1}));
+    EXPECT_EQ(DateTimeOf(-86400), (DateTime{.year = 1969, .month = 12, .day = 31}));
     EXPECT_EQ(SecondsOf({.year = 2023, .month = 2, .day = 29}), std::nullopt);
     EXPECT_EQ(SecondsOf({.year = 2024, .month = 1, .day = 1, .hour = 24}), std::nullopt);
 }
@@ -84,25 +79,18 @@ TEST(GdvFilter, RealClockLenUpperCasesTheCallersCode) {
     std::u16string type = u"type10012";
     EXPECT_EQ(GetGdvRealClockLen(type, message), 9999);
     EXPECT_EQ(Shown(type), "TYPE10012");
-    type = u"TYPE10005";
-    EXPECT_EQ(GetGdvRealClockLen(type, message), 0);
+    EXPECT_EQ(GetGdvRealClockLen(type = u"TYPE10005", message), 0);
     EXPECT_TRUE(message.texts.empty());
-    type = u"TYPE99999";
-    EXPECT_EQ(GetGdvRealClockLen(type, message), 0);
-    ASSERT_EQ(message.texts.size(), 1U);
-    EXPECT_EQ(Shown(message.texts[0]), "GetGdvRealClockLen: FATAL ERROR !");
+    EXPECT_EQ(GetGdvRealClockLen(type = u"TYPE99999", message), 0);
+    EXPECT_EQ(message.texts, std::vector<std::u16string>{u"GetGdvRealClockLen: FATAL ERROR !"});
 }
 
 TEST(GetComConvertStringRX, ALowerCaseCodeIsUnknown) {
-    testing::FakeMessage message;
-    const testing::FakeClock clock;
-    CallRecordState state;
-    server::InOutText record(u"any");
-    EXPECT_EQ(Shown(GetComConvertStringRX(u"type10004", record, state, {}, clock, message)), "");
-    ASSERT_EQ(message.texts.size(), 1U);
-    EXPECT_EQ(Shown(message.texts[0]), "GetComConvertStringRX: FATAL ERROR !");
-    EXPECT_EQ(Shown(message.titles[0]), "QUINDARA PABX COM SERVER   0");
-    EXPECT_FALSE(record.Replaced());
+    Link link(u"type10004");
+    EXPECT_EQ(link.Raw(u"any"), u"");
+    EXPECT_EQ(link.caller_text, u"any");
+    EXPECT_EQ(link.message.texts, std::vector<std::u16string>{u"GetComConvertStringRX: FATAL ERROR !"});
+    EXPECT_EQ(link.message.titles, std::vector<std::u16string>{u"QUINDARA PABX COM SERVER   0"});
 }
 
 }  // namespace

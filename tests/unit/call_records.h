@@ -77,16 +77,11 @@ inline std::u16string With(std::u16string record, Texts texts) {
     return record;
 }
 
-/// The columns of a call with other texts, one row per case.
-struct FieldsRow {
-    int line;
-    Texts texts;
-    const char* fields;
-};
-
-inline void ExpectFields(Link link, std::u16string_view call, std::initializer_list<FieldsRow> rows) {
-    for (const FieldsRow& row : rows)
-        EXPECT_EQ(link.Convert(With(std::u16string(call), row.texts)), row.fields) << "row in line " << row.line;
+/// A call that differs by some texts, and the fields that it is read as; one row per case.
+inline void ExpectFields(std::u16string_view type, const std::u16string& call,
+                         std::initializer_list<std::pair<Texts, const char*>> rows) {
+    for (const auto& [texts, fields] : rows)
+        EXPECT_EQ(Link(type).Convert(With(call, texts)), fields) << Shown(With(call, texts));
 }
 
 }  // namespace vintrel::testing

@@ -30,58 +30,37 @@ struct Leg {
 
     std::u16string Line() const {
         std::u16string line;
-        for (const char16_t* field :
-             {start, connected, u"5",  caller,  direction, called,  dialled, account,    internal,
-              call,  continued, first, u"Room", second,    u"Line", u"0",    u"0",       u"",
-              u"",   u"",       u"",   u"",     u"",       units,   u"",     u"10.0.0.5"})
+        for (const char16_t* field : {start, connected, u"5", caller, direction, called, dialled, account, internal,
+                                      call, continued, first, u"Room", second, u"Line", u"0,0,,,,,,", units})
             line.append(field).append(u",");
-        return line + u"end\r\n";
+        return line + u",10.0.0.5,end\r\n";
     }
 };
 
 TEST(IpOfficeRecord, ReadsItsFields) {
-    const struct {
-        int line;
-        Leg leg;
-        const char* fields;
-    } rows[] = {
-        {__LINE__, {}, "00002 00302 0327771100 0000 0/0/0 0000 00090 04.03.24 08:02 0449990302"},
-        {__LINE__, {.internal = u"1"}, "rejected"},
-        {__LINE__, {.called = u"302", .dialled = u"302"}, "rejected"},
-        {__LINE__,
-         {.caller = u"0327@10.0.0.7", .dialled = u"0449@gw"},
-         "00002 00302 0327 0000 0/0/0 0000 00090 04.03.24 08:02 0449"},
-        {__LINE__,
-         {.account = u" 12", .units = u"33"},
-         "00002 00302 0327771100 0012 0/0/0 0033 00090 04.03.24 08:02 0449990302"},
-        {__LINE__,
-         {.caller = u"201",
-          .direction = u"O",
-          .called = u"0041@x",
-          .dialled = u"0041",
-          .first = u"E201",
-          .second = u"T9005"},
-         "00005 00201 0041 0000 0/0/1 0000 00090 04.03.24 08:02 -"},
-        {__LINE__,  // the same number twice is normal for an outgoing call
-         {.caller = u"0201",
-          .direction = u"O",
-          .called = u"0041",
-          .dialled = u"0041",
-          .first = u"T9000",
-          .second = u"V8000"},
-         "00001 00201 0041 0000 0/0/1 0000 00090 04.03.24 08:02 -"},
-        {__LINE__,
-         {.connected = u"00:00:00"},
-         "00002 00302 0327771100 0000 0/0/7 0000 00000 04.03.24 08:02 0449990302"},
-        {__LINE__,
-         {.connected = u"00:00:00", .called = u"00444", .first = u"V9503", .second = u"V8000"},
-         "00503 00444 0327771100 0000 0/0/7 0000 00000 04.03.24 08:02 0449990302"},
-        {__LINE__,
-         {.connected = u"00:00:00", .caller = u"201", .direction = u"O", .called = u"0041"},
-         "00002 00302 0041 0000 0/0/1 0000 00000 04.03.24 08:02 -"},
+    const char16_t* const kNever = u"00:00:00";
+    const std::string when = " 04.03.24 08:02 ";
+    const std::pair<Leg, std::string> rows[] = {
+        // clang-format off
+        {{},                                        "00002 00302 0327771100 0000 0/0/0 0000 00090" + when + "0449990302"},
+        {{.account = u" 12", .units = u"33"},       "00002 00302 0327771100 0012 0/0/0 0033 00090" + when + "0449990302"},
+        {{.caller = u"0327@x", .dialled = u"04@y"}, "00002 00302 0327 0000 0/0/0 0000 00090" + when + "04"},
+        {{.connected = kNever},                     "00002 00302 0327771100 0000 0/0/7 0000 00000" + when + "0449990302"},
+        {{.connected = kNever, .called = u"00444", .first = u"V9503", .second = u"V8000"},
+                                                    "00503 00444 0327771100 0000 0/0/7 0000 00000" + when + "0449990302"},
+        {{.connected = kNever, .caller = u"201", .direction = u"O", .called = u"0041"},
+                                                    "00002 00302 0041 0000 0/0/1 0000 00000" + when + "-"},
+        {{.caller = u"201", .direction = u"O", .called = u"0041@x", .dialled = u"0041", .first = u"E201", .second = u"T9005"},
+                                                    "00005 00201 0041 0000 0/0/1 0000 00090" + when + "-"},
+        {{.internal = u"1"},                        "rejected"},
+        // The same number twice is normal for an outgoing call alone.
+        {{.called = u"302", .dialled = u"302"},     "rejected"},
+        {{.caller = u"0201", .direction = u"O", .called = u"0041", .dialled = u"0041", .first = u"T9000", .second = u"V8000"},
+                                                    "00001 00201 0041 0000 0/0/1 0000 00090" + when + "-"},
+        // clang-format on
     };
-    for (const auto& row : rows)
-        EXPECT_EQ(Link(u"TYPE10017").Convert(row.leg.Line()), row.fields) << "row in line " << row.line;
+    for (const auto& [leg, fields] : rows)
+        EXPECT_EQ(Link(u"TYPE10017").Convert(leg.Line()), fields) << Shown(leg.Line());
 }
 
 TEST(IpOfficeRecord, ALaterLegIsMovedByTheLegsBeforeIt) {
@@ -107,39 +86,37 @@ TEST(IpOfficeRecord, ALaterLegIsMovedByTheLegsBeforeIt) {
 }
 
 TEST(IpOfficeRecord, LegsAddUpUntilTheLastOne) {
-    Link link(u"TYPE10017");
     const Leg first{.direction = u"O", .called = u"0041", .continued = u"1"};
-    EXPECT_EQ(link.Convert(first.Line()), "00002 00302 0041 0000 0/0/1 0000 00090 04.03.24 08:02 -");
-    EXPECT_EQ(link.Convert(first.Line()), "00002 00302 0041 0000 0/0/3 0000 00090 04.03.24 08:03 -");
-    EXPECT_EQ(link.Convert(Leg{.call = u"1000202"}.Line()),
-              "00002 00302 0327771100 0000 0/0/0 0000 00090 04.03.24 08:02 0449990302")
-        << "another call";
-    EXPECT_EQ(link.Convert(Leg{.direction = u"O", .called = u"0041"}.Line()),
-              "00002 00302 0041 0000 0/0/3 0000 00090 04.03.24 08:05 -");
-    EXPECT_EQ(link.Convert(Leg{.direction = u"O", .called = u"0041"}.Line()),
-              "00002 00302 0041 0000 0/0/1 0000 00090 04.03.24 08:02 -")
-        << "the call has ended";
+    const Leg last{.direction = u"O", .called = u"0041"};
+    const std::string outgoing = "00002 00302 0041 0000 0/0/";
+    Link link(u"TYPE10017");
+    EXPECT_EQ(link.Convert(first.Line()), outgoing + "1 0000 00090 04.03.24 08:02 -");
+    EXPECT_EQ(link.Convert(first.Line()), outgoing + "3 0000 00090 04.03.24 08:03 -");
+    EXPECT_EQ(link.Raw(Leg{.call = u"1000202"}.Line()).at(33), u'0') << "another call";
+    EXPECT_EQ(link.Convert(last.Line()), outgoing + "3 0000 00090 04.03.24 08:05 -");
+    EXPECT_EQ(link.Convert(last.Line()), outgoing + "1 0000 00090 04.03.24 08:02 -") << "the call has ended";
 }
 
-TEST(IpOfficeRecord, AnIdentifierOutOfRangeTakesNoPartInContinuation) {
-    for (const auto* call : {u"4000000", u"1000014155", u"-1", u"1.5", u"12a", u""}) {
+TEST(IpOfficeRecord, OnlyAnIdentifierInRangeTakesPartInContinuation) {
+    for (const auto& [call, type] : {std::pair(u"3999999", u'2'),
+                                     {u"4000000", u'0'},
+                                     {u"1000014155", u'0'},
+                                     {u"-1", u'0'},
+                                     {u"1.5", u'0'},
+                                     {u"12a", u'0'},
+                                     {u"", u'0'}}) {
         Link link(u"TYPE10017");
         link.Raw(Leg{.call = call, .continued = u"1"}.Line());
-        EXPECT_EQ(link.Convert(Leg{.call = call}.Line()),
-                  "00002 00302 0327771100 0000 0/0/0 0000 00090 04.03.24 08:02 0449990302")
-            << Shown(call);
+        EXPECT_EQ(link.Raw(Leg{.call = call}.Line()).at(33), type) << Shown(call);
     }
-    Link link(u"TYPE10017");
-    link.Raw(Leg{.call = u"3999999", .continued = u"1"}.Line());
-    EXPECT_EQ(link.Raw(Leg{.call = u"3999999"}.Line()).at(33), u'2');
 }
 
 TEST(IpOfficeRecord, ValuesThatDoNotFitMakeTheRecordShorter) {
-    Link link(u"TYPE10017");
-    EXPECT_EQ(link.Raw(Leg{.first = u"E123456"}.Line()).size(), 82U);
-    EXPECT_EQ(link.Raw(Leg{.caller = u"12345678901234567"}.Line()).size(), 71U);
-    EXPECT_EQ(link.Raw(Leg{.dialled = u"12345678901234567"}.Line()).size(), 71U);
-    EXPECT_EQ(link.Raw(Leg{.account = u"12345"}.Line()).size(), 83U);
+    const std::pair<Leg, std::size_t> rows[] = {{{.first = u"E123456"}, 82},
+                                                {{.caller = u"12345678901234567"}, 71},
+                                                {{.dialled = u"12345678901234567"}, 71},
+                                                {{.account = u"12345"}, 83}};
+    for (const auto& [leg, size] : rows) EXPECT_EQ(Link(u"TYPE10017").Raw(leg.Line()).size(), size);
 }
 
 TEST(ContinuationTable, DropsTheOldestCallBeyondItsBound) {

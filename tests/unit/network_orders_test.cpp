@@ -2,9 +2,6 @@
 #include <gtest/gtest.h>
 
 #include "order_fakes.h"
-#include "printing.h"
-#include "tx/guests.h"
-#include "tx/wake_up.h"
 
 namespace vintrel::tx {
 namespace {
@@ -17,61 +14,51 @@ constexpr char kTransferred[] = "&lt;ConfigTransferred&gt;True&lt;/ConfigTransfe
 
 class NetworkOrders : public ::testing::Test, protected testing::OrderBench {
  protected:
-    std::string WakeUp(std::u16string type, const WakeUpOrder& order) {
-        return Shown(ComEventClockTX(type, order.room, order.time, order.date, order.mode, order.language, message,
-                                     clock, exchanges));
-    }
-    std::string CheckIn(std::u16string type, std::u16string_view name, std::int16_t language, bool change_name) {
-        return Shown(ComEventCheckInTX(type, 204, name, language, change_name ? 1 : 0, message, exchanges));
-    }
-    std::string CheckOut(std::u16string type, bool change_name) {
-        return Shown(ComEventCheckOutTX(type, 204, change_name ? 1 : 0, message, exchanges));
-    }
-    std::string UserName(std::u16string type, std::u16string_view given) {
-        server::InOutText name(given);
-        return Shown(ComEventUserNameTX(type, 204, name, message, exchanges));
+    /// Requests of the account of the exchange, with the same start, end and header.
+    void ExpectRequests(const std::vector<std::string>& middles, const std::string& start, const std::string& end,
+                        const std::string& header, std::uint32_t ignored_certificate_errors) const {
+        ASSERT_EQ(network.requests.size(), middles.size());
+        for (std::size_t i = 0; i < middles.size(); ++i) {
+            EXPECT_EQ(network.requests[i].line, start + middles[i] + end);
+            EXPECT_EQ(network.requests[i].header, header);
+            EXPECT_EQ(network.requests[i].credentials, "admin:secret");
+            EXPECT_EQ(network.requests[i].ignored_certificate_errors, ignored_certificate_errors);
+        }
     }
     /// The order against each faulty peer, and how long it takes: all leave nothing open and let the next order work.
     /// @param cut  an answer before the connection fails
     void ExpectErrors(const std::u16string& type, const std::string& good_answer, const std::string& cut,
                       const std::vector<std::pair<PeerScript, std::uint64_t>>& others = {}) {
-        std::vector<std::pair<PeerScript, std::uint64_t>> faults{{PeerScript::Refusing(), 1},
-                                                                 {PeerScript::Absent(), 10000},
-                                                                 {PeerScript::Silent(), 10000},
-                                                                 {EndingAt(30, server::TransferState::Failed, cut), 30},
-                                                                 {Dripping("<response>" + good_answer), 10000},
-                                                                 {Endless(), 1025}};
+        constexpr int kNever = PeerScript::kNever;
+        constexpr auto kFailed = server::TransferState::Failed;
+        std::vector<std::pair<PeerScript, std::uint64_t>> faults{
+            {{.open_at = kNever, .end_at = 1, .end = kFailed}, 1},                    // refuses
+            {{.open_at = kNever}, 10000},                                             // is absent
+            {{}, 10000},                                                              // is silent
+            {{.pieces = {{30, cut}}, .end_at = 30, .end = kFailed}, 30},              // is cut off
+            {Piecemeal("<response>" + good_answer, 1000), 10000},                     // drips a byte a second
+            {Piecemeal(std::string(std::size_t{3000} * 1024, 'x'), 1, 1024), 1025}};  // never ends
         faults.insert(faults.end(), others.begin(), others.end());
-        for (std::size_t i = 0; i < faults.size(); ++i) {
+        for (const auto& [script, milliseconds] : faults) {
             const std::uint64_t before = clock.milliseconds;
-            network.scripts = {faults[i].first};
-            EXPECT_EQ(CheckOut(type, false), "<ERROR>") << "fault " << i;
-            EXPECT_EQ(clock.milliseconds - before, faults[i].second) << "fault " << i;
-            EXPECT_EQ(network.alive, 0) << "fault " << i;
+            network.scripts = {script};
+            EXPECT_EQ(CheckOut(type), "<ERROR>") << "fault that takes " << milliseconds;
+            EXPECT_EQ(clock.milliseconds - before, milliseconds);
+            EXPECT_EQ(network.alive, 0);
             network.scripts = {PeerScript::Answering(good_answer)};
-            EXPECT_EQ(CheckOut(type, false), "<OK>") << "after fault " << i;
+            EXPECT_EQ(CheckOut(type), "<OK>") << "the next order";
         }
     }
-    static PeerScript EndingAt(int at, server::TransferState end, std::string piece) {
-        return {.pieces = {{at, std::move(piece)}}, .end_at = at, .end = end};
-    }
-    /// One byte a second, for ever.
-    static PeerScript Dripping(const std::string& text) {
+    /// Some bytes every few milliseconds.
+    static PeerScript Piecemeal(const std::string& text, int every, std::size_t size = 1) {
         PeerScript script;
-        for (std::size_t i = 0; i < text.size(); ++i)
-            script.pieces.emplace_back(1000 * static_cast<int>(i + 1), text.substr(i, 1));
-        return script;
-    }
-    static PeerScript Endless() {
-        PeerScript script;
-        for (int i = 1; i < 3000; ++i) script.pieces.emplace_back(i, std::string(1024, 'x'));
+        for (int at = every; script.pieces.size() * size < text.size(); at += every)
+            script.pieces.emplace_back(at, text.substr(script.pieces.size() * size, size));
         return script;
     }
 };
 
 // --- innovaphone -----------------------------------------------------------------------------------------------------
-
-constexpr char kPage[] = "GET http://pbx.hotel:8080/PBX0/ADMIN/mod_cmd_login.xml?cmd=";
 
 TEST_F(NetworkOrders, InnovaphoneRequestsArePathsOfTheAdministrationPages) {
     settings.WakeupResponseFallback = u"0123";
@@ -82,55 +69,43 @@ TEST_F(NetworkOrders, InnovaphoneRequestsArePathsOfTheAdministrationPages) {
     network.scripts.assign(8, PeerScript::Answering(kShowOk));
     for (const std::string& verdict :
          {wake_up(0, 4), wake_up(2, 7), wake_up(1, 3), CheckIn(type, u"M&M Rossi", 0, true),
-          CheckIn(type, u"Rossi", 0, false), CheckOut(type, true), CheckOut(type, false), UserName(type, u"Rossi")})
+          CheckIn(type, u"Rossi", 0, false), CheckOut(type, true), CheckOut(type), UserName(type)})
         EXPECT_EQ(verdict, "<OK>");
-    const std::vector<std::string> expected{
-        "submit-wakeup&cn=201&name=wakeup-moh-sp&num=&h=07&m=30&s=00&retry=2&to=300&fallback=123&wakeup=&guid=*",
-        "submit-wakeup&cn=201&name=wakeup-moh-en&num=&h=07&m=30&s=00&retry=2&mult=on&to=300&fallback=123&wakeup=&guid="
-        "*",
-        "submit-wakeup&cn=201&name=wakeup-moh-fr&num=&h=&m=&s=&retry=2&wakeup=&guid=*",
-        "submit-object&cfnr=15&busy-out=1&cn=204&dn=M&M Rossi&filter=checkin&guid=*",
-        "submit-object&cfnr=15&busy-out=1&cn=204&filter=checkin&guid=*",
-        "submit-object&cfnr=15&busy-out=1&cn=204&dn=&filter=checkout&guid=*",
-        "submit-object&cfnr=15&busy-out=1&cn=204&filter=checkout&guid=*",
-        "submit-object&cfnr=15&busy-out=1&cn=204&dn=Rossi&guid=*"};
-    ASSERT_EQ(network.requests.size(), expected.size());
-    for (std::size_t i = 0; i < expected.size(); ++i) {
-        EXPECT_EQ(network.requests[i].line, kPage + expected[i]);
-        EXPECT_EQ(network.requests[i].credentials, "admin:secret");
-        EXPECT_EQ(network.requests[i].header, "");
-    }
+    const std::string wake = "submit-wakeup&cn=201&name=wakeup-moh-";
+    const std::string guest = "submit-object&cfnr=15&busy-out=1&cn=204";
+    ExpectRequests(
+        {wake + "sp&num=&h=07&m=30&s=00&retry=2&to=300&fallback=123&wakeup=",
+         wake + "en&num=&h=07&m=30&s=00&retry=2&mult=on&to=300&fallback=123&wakeup=",
+         wake + "fr&num=&h=&m=&s=&retry=2&wakeup=", guest + "&dn=M&M Rossi&filter=checkin", guest + "&filter=checkin",
+         guest + "&dn=&filter=checkout", guest + "&filter=checkout", guest + "&dn=Rossi"},
+        "GET http://pbx.hotel:8080/PBX0/ADMIN/mod_cmd_login.xml?cmd=", "&guid=*", "", 0);
 }
 
 TEST_F(NetworkOrders, InnovaphoneRepeatsItsLastRequestForAnUnknownWakeUpMode) {
     const WakeUpOrder unknown{.room = 9, .time = u"0730", .date = u"1511", .mode = 3};
-    network.scripts = {PeerScript::Answering(kShowOk)};
+    network.scripts.assign(2, PeerScript::Answering(kShowOk));
     EXPECT_EQ(WakeUp(u"TYPE10012", unknown), "<ERROR>");
     EXPECT_TRUE(network.requests.empty());
-    EXPECT_EQ(CheckOut(u"TYPE10012", false), "<OK>");
-    network.scripts = {PeerScript::Answering(kShowOk)};
+    EXPECT_EQ(CheckOut(u"TYPE10012"), "<OK>");
     EXPECT_EQ(WakeUp(u"TYPE10012", unknown), "<OK>");
-    ASSERT_EQ(network.requests.size(), 2U);
-    EXPECT_EQ(network.requests[0].line, network.requests[1].line);
+    EXPECT_EQ(network.requests.at(0).line, network.requests.at(1).line);
 }
 
 TEST_F(NetworkOrders, InnovaphoneConfirmsWithExactlyOneElement) {
     for (const auto& [answer, verdict] : std::map<std::string, std::string>{
              {"  <show state=\"ok\"/> ", "<OK>"}, {"<show state=\"ok\"/>\r\n", "<ERROR>"}, {"", "<ERROR>"}}) {
         network.scripts = {PeerScript::Answering(answer)};
-        EXPECT_EQ(CheckOut(u"TYPE10012", false), verdict) << answer;
+        EXPECT_EQ(CheckOut(u"TYPE10012"), verdict) << answer;
     }
 }
 
 TEST_F(NetworkOrders, InnovaphoneFaultsEndWithinTenSeconds) {
     ExpectErrors(u"TYPE10012", kShowOk, kShowOk);
     network.scripts.clear();
-    EXPECT_EQ(CheckOut(u"TYPE10012", false), "<ERROR>");
+    EXPECT_EQ(CheckOut(u"TYPE10012"), "<ERROR>");
 }
 
 // --- Grandstream -----------------------------------------------------------------------------------------------------
-
-constexpr char kPmsPage[] = "POST https://pbx.hotel:8089/pmsapi?token=ABC&format=xml&data=<pms_data_request>";
 
 TEST_F(NetworkOrders, GrandstreamRequestsCarryTheirDocumentInTheQuery) {
     const std::u16string type = u"TYPE10020";
@@ -140,28 +115,22 @@ TEST_F(NetworkOrders, GrandstreamRequestsCarryTheirDocumentInTheQuery) {
     EXPECT_EQ(CheckIn(type, u"Anna & Co", 4, false), "<OK>");
     EXPECT_EQ(CheckIn(type, u"", 5, true), "<OK>");
     EXPECT_EQ(CheckOut(type, true), "<OK>");
-    EXPECT_EQ(UserName(type, u"Rossi"), "");
+    EXPECT_EQ(UserName(type), "");
     const std::string wake_up = "<wakeup><address>204</address><room>204</room>";
     const std::string at = "<w_time>0730</w_time><w_date>20261115</w_date></wakeup>";
     const std::string check_in = "<checkin><address>204</address><room>204</room><account>204</account>";
     const std::string until =
         "<lastname></lastname><datein>20261115 00:01</datein><dateout>23991231 23:59</dateout>"
         "<cos>4</cos></checkin>";
-    const std::vector<std::string> expected{
-        wake_up + "<w_action>1</w_action><w_mode>1</w_mode>" + at,
-        wake_up + "<w_action>0</w_action><w_mode>1</w_mode>" + at,
-        wake_up + "<w_action>1</w_action><w_mode>2</w_mode>" + at,
-        wake_up + at,
-        check_in + "<language>ES_ES</language><firstname>Anna & Co</firstname>" + until,
-        check_in + "<language></language><firstname></firstname>" + until,
-        "<checkout><address>10</address><room>10</room><firstname></firstname><lastname></lastname></checkout>"};
-    ASSERT_EQ(network.requests.size(), expected.size());
-    for (std::size_t i = 0; i < expected.size(); ++i) {
-        EXPECT_EQ(network.requests[i].line, kPmsPage + expected[i] + "</pms_data_request>");
-        EXPECT_EQ(network.requests[i].header, "format: xml");
-        EXPECT_EQ(network.requests[i].credentials, "admin:secret");
-        EXPECT_EQ(network.requests[i].ignored_certificate_errors, 13056U);
-    }
+    ExpectRequests(
+        {wake_up + "<w_action>1</w_action><w_mode>1</w_mode>" + at,
+         wake_up + "<w_action>0</w_action><w_mode>1</w_mode>" + at,
+         wake_up + "<w_action>1</w_action><w_mode>2</w_mode>" + at, wake_up + at,
+         check_in + "<language>ES_ES</language><firstname>Anna & Co</firstname>" + until,
+         check_in + "<language></language><firstname></firstname>" + until,
+         "<checkout><address>10</address><room>10</room><firstname></firstname><lastname></lastname></checkout>"},
+        "POST https://pbx.hotel:8089/pmsapi?token=ABC&format=xml&data=<pms_data_request>", "</pms_data_request>",
+        "format: xml", 13056);
 }
 
 TEST(GrandstreamDate, IsTodayOrLater) {
@@ -178,10 +147,10 @@ TEST(GrandstreamDate, IsTodayOrLater) {
 TEST_F(NetworkOrders, GrandstreamConfirmsWithTheSuccessWordAnywhere) {
     // Split over two reads, and the peer never ends its answer: the word is enough.
     network.scripts = {{.pieces = {{10, "<a>SUCC"}, {4000, "ESS and"}}}};
-    EXPECT_EQ(CheckOut(u"TYPE10020", false), "<OK>");
+    EXPECT_EQ(CheckOut(u"TYPE10020"), "<OK>");
     EXPECT_EQ(Elapsed(), 4000U);
     network.scripts = {PeerScript::Answering("<a>success</a>")};
-    EXPECT_EQ(CheckOut(u"TYPE10020", false), "<ERROR>");
+    EXPECT_EQ(CheckOut(u"TYPE10020"), "<ERROR>");
 }
 
 TEST_F(NetworkOrders, GrandstreamFaultsEndWithinTenSecondsInEachPhase) {
@@ -194,11 +163,11 @@ TEST_F(NetworkOrders, GrandstreamSendsNothingToAnAddressThatIsNone) {
           u"https://pbx/p", u"http://pbx:80/p", u"https://pbx:80"}) {
         settings.GsBaseUrl = url;
         network.scripts = {PeerScript::Answering("SUCCESS")};
-        EXPECT_EQ(CheckOut(u"TYPE10020", false), "<ERROR>") << Shown(url);
+        EXPECT_EQ(CheckOut(u"TYPE10020"), "<ERROR>") << Shown(url);
     }
     EXPECT_TRUE(network.requests.empty());
     settings.GsBaseUrl = u"https://[fe80::1]:443/pmsapi?data=";
-    EXPECT_EQ(CheckOut(u"TYPE10020", false), "<OK>");
+    EXPECT_EQ(CheckOut(u"TYPE10020"), "<OK>");
     EXPECT_EQ(network.requests[0].line.substr(0, 36), "POST https://[fe80::1]:443/pmsapi?da");
 }
 
@@ -218,19 +187,16 @@ TEST_F(NetworkOrders, IpOfficeWithoutHotelFunctionsSendsNothing) {
 
 TEST_F(NetworkOrders, IpOfficeAnswerIsRecognisedAcrossReads) {
     const std::string answer = "HTTP/1.1 100 Continue\r\n\r\n" + std::string(kTransferred);
-    PeerScript script;
-    for (std::size_t i = 0; i < answer.size(); ++i)
-        script.pieces.emplace_back(static_cast<int>(i) + 10, answer.substr(i, 1));
-    network.scripts = {script};
-    EXPECT_EQ(CheckOut(u"TYPE10017", false), "<OK>");
-    EXPECT_EQ(Elapsed(), answer.size() + 9);
+    network.scripts = {Piecemeal(answer, 1)};
+    EXPECT_EQ(CheckOut(u"TYPE10017"), "<OK>");
+    EXPECT_EQ(Elapsed(), answer.size());
 }
 
 TEST_F(NetworkOrders, IpOfficeFaultsEndWithinTenSecondsOfConnectingAndTenOfAnswering) {
     ExpectErrors(u"TYPE10017", kTransferred, "&lt;ConfigTransferred&gt;True",
                  {{{.open_at = 9000}, 19000},
                   {{.pieces = {{40, "HTTP/1.1 500 Internal Server Error\r\n"}}}, 40},
-                  {EndingAt(30, server::TransferState::Finished, "&lt;ConfigTransferred&gt;False"), 30}});
+                  {{.pieces = {{30, "&lt;ConfigTransferred&gt;False"}}, .end_at = 30}, 30}});
 }
 
 // --- all -------------------------------------------------------------------------------------------------------------
@@ -239,7 +205,7 @@ TEST_F(NetworkOrders, AnOrderDuringAnotherIsRefusedAndDisturbsNothing) {
     std::vector<std::string> verdicts;
     loop.Schedule(100, [&] {
         for (const auto* type : {u"TYPE10012", u"TYPE10017", u"TYPE10019", u"TYPE10020", u"TYPE12000"})
-            verdicts.push_back(CheckOut(type, false));
+            verdicts.push_back(CheckOut(type));
     });
     network.scripts = {{.pieces = {{2000, kShowOk}}, .end_at = 2000}};
     EXPECT_EQ(CheckIn(u"TYPE10012", u"Rossi", 0, true), "<OK>");

@@ -240,33 +240,34 @@ TEST(Grandstream, DirectionPartiesAndTypeOfARow) {
 }
 
 TEST(Wildix, SidesOfACallTellItsDirectionLineAndUser) {
+    const std::u16string kAnswered = u"60,ANSWERED";
     const struct {
         std::u16string parties;  // src, dst, dcontext, clid, channel, dstchannel, lastapp, lastdata
         std::u16string outcome;  // billsec, disposition
         std::string fields;
     } rows[] = {
-        // clang-format off
-        {u"201,0391,users,,SIP/201-1,SIP/BRI3-2,Dial,x",                     u"60,ANSWERED",     Call("00003 00201 0391", '1')},
-        {u"0711,0391,users,,DEVICE/209-1,SIP/W01PRI-15-2,Dial,x",            u"60,ANSWERED",     Call("00015 00711 0391", '1')},
-        {u"071155,0391,users,,COM/209@x-1,IAX2/b-2,Dial,x",                  u"100000,ANSWERED", Call("00001 00209 0391", '1', "99999")},
-        {u"201,0391,users,,SIP/201-1,SIP/BRI3-2,Dial,x",                     u"0,ANSWERED",      "rejected"},
-        {u"201,0391,users,,SIP/201-1,SIP/BRI3-2,Dial,x",                     u"60,BUSY",         "rejected"},
-        {u"201,0391,macro-outgoing-call,,Local/0391@u-1;2,SIP/c-2,Dial,x",   u"60,ANSWERED",     Call("00001 00201 0391", '3')},
-        {u"201,0391,users,,SIP/201-1,,NoOp,Finish while-outgoing-call",      u"60,ANSWERED",     Call("00001 00201 0391", '1')},
-        {u"201,0391,users,,SIP/201-1,,NoOp,Dial",                            u"60,ANSWERED",     "rejected"},
-        {u"0163,204,main,,SIP/PRI-1,SIP/204-2,Dial,x",                       u"60,ANSWERED",     Call("00001 00204 0163", '0')},
-        {u"0163,10,main,,SIP/FXO1234567-1,SIP/204-2,Dial,x",                 u"60,answered",     Call("34567 00204 0163", '0', "00060", "10")},
-        {u"0163,204,main,,SIP/PRI-1,SIP/204-2,Dial,x",                       u"0,NO ANSWER",     Call("00001 00204 0163", '7', "00000")},
-        {u"ANONYMOUS,204,main,,SIP/PRI-1,SIP/204-2,Dial,x",                  u"0,BUSY",          Call("00001 00204 -", '7', "00000")},
-        {u"0163,020123,main,,GSM/gsm2-1,Local/204@u-2,Dial,x",               u"60,ANSWERED",     Call("00002 00000 0163", '2', "00060", "020123")},
-        {u"0163,204,main,,SIP/PRI-1,SIP/BRI-2,Dial,x",                       u"60,ANSWERED",     Call("00001 00204 0163", '0')},
-        {u"+163296,204,main,,Local/204@m-1,,NoOp,Finish if-simple-call",     u"60,ANSWERED",     Call("00001 00204 +163296", '0')},
-        {u"201,204,main,,Local/204@m-1,,NoOp,Finish if-simple-call",         u"60,ANSWERED",     "rejected"},
-        {u"206,207,macro-outgoing-call,,SIP/206-1,SIP/207-2,Dial,x",         u"60,ANSWERED",     "rejected"},
-        {u"0163,800,main,,SIP/BRI-1,,RxFAX,x",                               u"60,ANSWERED",     "rejected"},
-        {u"0163,204,main,,SIP/BRI-1,SIP/204-2,MYSQL,x",                      u"60,ANSWERED",     Call("00001 00204 0163", '0')},
-        {u"0163,204,main,,SIP/PRI-1,SIP/204-2,Dial,x",                       u"60,FAILED",       "rejected"},
-        // clang-format on
+        {u"201,0391,users,,SIP/201-1,SIP/BRI3-2,Dial,x", kAnswered, Call("00003 00201 0391", '1')},
+        {u"0711,0391,users,,DEVICE/209-1,SIP/W01PRI-15-2,Dial,x", kAnswered, Call("00015 00711 0391", '1')},
+        {u"071155,0391,users,,COM/209@x-1,IAX2/b-2,Dial,x", u"100000,ANSWERED", Call("00001 00209 0391", '1', "99999")},
+        {u"201,0391,users,,SIP/201-1,SIP/BRI3-2,Dial,x", u"0,ANSWERED", "rejected"},
+        {u"201,0391,users,,SIP/201-1,SIP/BRI3-2,Dial,x", u"60,BUSY", "rejected"},
+        {u"201,0391,macro-outgoing-call,,Local/0391@u-1;2,SIP/c-2,Dial,x", kAnswered, Call("00001 00201 0391", '3')},
+        {u"201,0391,users,,SIP/201-1,,NoOp,Finish while-outgoing-call", kAnswered, Call("00001 00201 0391", '1')},
+        {u"201,0391,users,,SIP/201-1,,NoOp,Dial", kAnswered, "rejected"},
+        {u"0163,204,main,,SIP/PRI-1,SIP/204-2,Dial,x", kAnswered, Call("00001 00204 0163", '0')},
+        {u"0163,10,main,,SIP/FXO1234567-1,SIP/204-2,Dial,x", u"60,answered",
+         Call("34567 00204 0163", '0', "00060", "10")},
+        {u"0163,204,main,,SIP/PRI-1,SIP/204-2,Dial,x", u"0,NO ANSWER", Call("00001 00204 0163", '7', "00000")},
+        {u"ANONYMOUS,204,main,,SIP/PRI-1,SIP/204-2,Dial,x", u"0,BUSY", Call("00001 00204 -", '7', "00000")},
+        {u"0163,020123,main,,GSM/gsm2-1,Local/204@u-2,Dial,x", kAnswered,
+         Call("00002 00000 0163", '2', "00060", "020123")},
+        {u"0163,204,main,,SIP/PRI-1,SIP/BRI-2,Dial,x", kAnswered, Call("00001 00204 0163", '0')},
+        {u"+163296,204,main,,Local/204@m-1,,NoOp,Finish if-simple-call", kAnswered, Call("00001 00204 +163296", '0')},
+        {u"201,204,main,,Local/204@m-1,,NoOp,Finish if-simple-call", kAnswered, "rejected"},
+        {u"206,207,macro-outgoing-call,,SIP/206-1,SIP/207-2,Dial,x", kAnswered, "rejected"},
+        {u"0163,800,main,,SIP/BRI-1,,RxFAX,x", kAnswered, "rejected"},
+        {u"0163,204,main,,SIP/BRI-1,SIP/204-2,MYSQL,x", kAnswered, Call("00001 00204 0163", '0')},
+        {u"0163,204,main,,SIP/PRI-1,SIP/204-2,Dial,x", u"60,FAILED", "rejected"},
     };
     for (const auto& row : rows) {
         const std::u16string record = u"," + row.parties + u",2026-06-15 09:10:00,,,70," + row.outcome;

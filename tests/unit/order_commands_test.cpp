@@ -2,9 +2,6 @@
 #include <gtest/gtest.h>
 
 #include "order_fakes.h"
-#include "printing.h"
-#include "tx/guests.h"
-#include "tx/wake_up.h"
 
 namespace vintrel::tx {
 namespace {
@@ -14,34 +11,28 @@ using testing::Shown;
 
 TEST(WakeUpCommand, IsWhatTheModelExpects) {
     const struct {
-        int line;
-        std::u16string type;
-        std::int32_t room;
-        std::u16string time, date;
-        std::int16_t mode;
+        const char16_t* type;
+        WakeUpOrder order;
         std::string command;
     } cases[] = {
-        {__LINE__, u"TYPE10001", 123, u"0730", u"1511", 0, "<STX>070012307301<ETX>"},
-        {__LINE__, u"type10002", 5, u"0630", u"1511", 1, "<STX>070000506301<ETX>"},
-        {__LINE__, u"TYPE10007", 123456, u"0630", u"1511", 7, "<STX>0712345606301<ETX>"},
-        {__LINE__, u"TYPE10004", 204, u"0715", u"1511", 0, "h6<TAB>204<TAB>1<TAB>0715<CR>"},
-        {__LINE__, u"TYPE10006", 204, u"0715", u"1511", 1, "h6<TAB>204<TAB>0<TAB>0715<CR>"},
-        {__LINE__, u"TYPE10016", 204, u"715", u"1511", 2, "h6<TAB>204<TAB>2<TAB>715<CR>"},
-        {__LINE__, u"TYPE10014", 204, u"0715", u"1511", 3, ""},
-        {__LINE__, u"TYPE10008", 204, u"0715", u"1511", -1, ""},
-        {__LINE__, u"TYPE12000", 123, u"0730", u"1511", 0, "<STX>WR|RN123|DA261115|TI073000|<ETX>"},
-        {__LINE__, u"TYPE12000", 123, u"0730", u"0101", 1, "<STX>WC|RN123|DA260101|TI073000|<ETX>"},
-        {__LINE__, u"TYPE12000", 123, u"0730", u"----", 0, "<STX>WR|RN123|TI073000|<ETX>"},
-        {__LINE__, u"TYPE12000", 123, u"0730", u"1511", 2, ""},
-        {__LINE__, u"TYPE10003", 123, u"0730", u"1511", 0, ""},
-        {__LINE__, u"TYPE10017", 123, u"0730", u"1511", 0, ""},
+        {u"TYPE10001", {123, u"0730", u"1511", 0}, "<STX>070012307301<ETX>"},
+        {u"type10002", {5, u"0630", u"1511", 1}, "<STX>070000506301<ETX>"},
+        {u"TYPE10007", {123456, u"0630", u"1511", 7}, "<STX>0712345606301<ETX>"},
+        {u"TYPE10004", {204, u"0715", u"1511", 0}, "h6<TAB>204<TAB>1<TAB>0715<CR>"},
+        {u"TYPE10006", {204, u"0715", u"1511", 1}, "h6<TAB>204<TAB>0<TAB>0715<CR>"},
+        {u"TYPE10016", {204, u"715", u"1511", 2}, "h6<TAB>204<TAB>2<TAB>715<CR>"},
+        {u"TYPE10014", {204, u"0715", u"1511", 3}, ""},
+        {u"TYPE10008", {204, u"0715", u"1511", -1}, ""},
+        {u"TYPE12000", {123, u"0730", u"1511", 0}, "<STX>WR|RN123|DA261115|TI073000|<ETX>"},
+        {u"TYPE12000", {123, u"0730", u"0101", 1}, "<STX>WC|RN123|DA260101|TI073000|<ETX>"},
+        {u"TYPE12000", {123, u"0730", u"----", 0}, "<STX>WR|RN123|TI073000|<ETX>"},
+        {u"TYPE12000", {123, u"0730", u"1511", 2}, ""},
+        {u"TYPE10003", {123, u"0730", u"1511", 0}, ""},
+        {u"TYPE10017", {123, u"0730", u"1511", 0}, ""},
     };
     OrderBench bench;
-    for (auto row : cases) {
-        const std::u16string answer = ComEventClockTX(row.type, row.room, row.time, row.date, row.mode, 0,
-                                                      bench.message, bench.clock, bench.exchanges);
-        EXPECT_EQ(Shown(answer), row.command) << "case in line " << row.line;
-    }
+    for (const auto& [type, order, command] : cases)
+        EXPECT_EQ(bench.WakeUp(type, order), command) << Shown(type) << " mode " << order.mode;
     EXPECT_TRUE(bench.message.texts.empty());
 }
 
@@ -64,14 +55,11 @@ TEST(GuestCommand, IsWhatTheModelExpects) {
         {u"TYPE10018", 101, u"Rossi", 0, "  "},
     };
     OrderBench bench;
-    for (auto row : cases) {
-        server::InOutText name(row.name);
-        const std::u16string in =
-            ComEventCheckInTX(row.type, row.room, name.View(), row.language, 0, bench.message, bench.exchanges);
-        const std::u16string out = ComEventCheckOutTX(row.type, row.room, 0, bench.message, bench.exchanges);
-        const std::u16string renamed = ComEventUserNameTX(row.type, row.room, name, bench.message, bench.exchanges);
-        EXPECT_EQ(Shown(in) + " " + Shown(out) + " " + Shown(renamed), row.expected);
-        EXPECT_FALSE(name.Replaced()) << row.expected;
+    for (const auto& [type, room, name, language, expected] : cases) {
+        const std::string in = bench.CheckIn(type, name, language, false, room);
+        const std::string out = bench.CheckOut(type, false, room);
+        EXPECT_EQ(in + " " + out + " " + bench.UserName(type, name, room), expected);
+        EXPECT_EQ(bench.caller_name, name);
     }
     EXPECT_TRUE(bench.message.texts.empty());
 }
@@ -79,12 +67,8 @@ TEST(GuestCommand, IsWhatTheModelExpects) {
 TEST(GuestCommand, ReplacesAnEmptyOrNumericMitelNameInTheCallersVariable) {
     OrderBench bench;
     for (const std::u16string_view given : {u"", u" ", u"12", u" 1,5 "}) {
-        std::u16string type = u"TYPE10008";
-        server::InOutText name(given);
-        EXPECT_EQ(Shown(ComEventUserNameTX(type, 204, name, bench.message, bench.exchanges)),
-                  "h4<TAB>204<TAB>I204<CR>");
-        EXPECT_EQ(Shown(name.View()), "I204");
-        EXPECT_TRUE(name.Replaced());
+        EXPECT_EQ(bench.UserName(u"TYPE10008", given), "h4<TAB>204<TAB>I204<CR>");
+        EXPECT_EQ(Shown(bench.caller_name), "I204");
     }
 }
 
@@ -92,15 +76,16 @@ TEST(Order, OfAnUnknownModelIsReportedUnderItsName) {
     OrderBench bench;
     std::u16string type = u"type10099";
     server::InOutText name(u"Rossi");
-    EXPECT_EQ(ComEventClockTX(type, 1, u"0730", u"1511", 0, 0, bench.message, bench.clock, bench.exchanges), u"");
-    EXPECT_EQ(ComEventCheckInTX(type, 1, u"Rossi", 0, 1, bench.message, bench.exchanges), u"");
-    EXPECT_EQ(ComEventCheckOutTX(type, 1, 1, bench.message, bench.exchanges), u"");
     EXPECT_EQ(ComEventUserNameTX(type, 1, name, bench.message, bench.exchanges), u"");
-    const std::vector<std::u16string> reports{u"ComEventClockTX: FATAL ERROR !", u"ComEventCheckInTX: FATAL ERROR !",
-                                              u"ComEventCheckOutTX: FATAL ERROR !",
-                                              u"ComEventUserNameTX: FATAL ERROR !"};
-    EXPECT_EQ(bench.message.texts, reports);
     EXPECT_EQ(type, u"TYPE10099");
+    EXPECT_FALSE(name.Replaced());
+    for (const std::string& answer : {bench.WakeUp(type, {}), bench.CheckIn(type, u"Rossi"), bench.CheckOut(type)})
+        EXPECT_EQ(answer, "");
+    std::u16string reports;
+    for (const std::u16string& text : bench.message.texts) reports += text;
+    EXPECT_EQ(Shown(reports),
+              "ComEventUserNameTX: FATAL ERROR !ComEventClockTX: FATAL ERROR !"
+              "ComEventCheckInTX: FATAL ERROR !ComEventCheckOutTX: FATAL ERROR !");
 }
 
 }  // namespace

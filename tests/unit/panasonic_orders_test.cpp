@@ -2,15 +2,13 @@
 #include <gtest/gtest.h>
 
 #include "order_fakes.h"
-#include "printing.h"
-#include "tx/guests.h"
-#include "tx/wake_up.h"
 
 namespace vintrel::tx {
 namespace {
 
 using testing::FakeTelephony;
-using testing::Shown;
+
+using Values = std::vector<std::uint32_t>;
 
 class PanasonicOrders : public ::testing::Test, protected testing::OrderBench {
  protected:
@@ -19,27 +17,21 @@ class PanasonicOrders : public ::testing::Test, protected testing::OrderBench {
         settings.TapiLineCount = 3;
     }
     std::string WakeUp(std::int32_t room, std::u16string_view time, std::int16_t mode) {
-        return Shown(ComEventClockTX(type, room, time, u"1511", mode, 0, message, clock, exchanges));
+        return OrderBench::WakeUp(kType, {.room = room, .time = time, .date = u"1511", .mode = mode});
     }
-    std::string CheckIn(std::u16string_view name) {
-        return Shown(ComEventCheckInTX(type, 204, name, 0, 0, message, exchanges));
-    }
-    std::string CheckOut(std::int16_t change_name) {
-        return Shown(ComEventCheckOutTX(type, 204, change_name, message, exchanges));
-    }
-    std::string UserName() {
-        server::InOutText name(u"Rossi");
-        return Shown(ComEventUserNameTX(type, 204, name, message, exchanges));
-    }
-    std::uint32_t Word(std::size_t block, std::size_t position) const {
-        std::uint32_t word = 0;
-        for (std::size_t i = 4; i-- > 0;)
-            word = word << 8U | static_cast<unsigned char>(telephony.blocks[block][position + i]);
-        return word;
+    /// Some words of a request, of four bytes each.
+    std::vector<std::uint32_t> Words(std::size_t request, const std::vector<std::size_t>& positions) const {
+        std::vector<std::uint32_t> words;
+        for (const std::size_t position : positions) {
+            std::uint32_t& word = words.emplace_back(0);
+            for (std::size_t i = 4; i-- > 0;)
+                word = word << 8U | static_cast<unsigned char>(telephony.blocks.at(request).at(position + i));
+        }
+        return words;
     }
     std::string NameBytes(std::size_t block) const { return telephony.blocks[block].substr(36); }
 
-    std::u16string type = u"TYPE10019";
+    const std::u16string kType = u"TYPE10019";
     const FakeTelephony::Reply second{.identifier = 51, .after = 20, .replied_identifier = 51};
 };
 
@@ -50,49 +42,42 @@ TEST_F(PanasonicOrders, AWakeUpCallPacksItsTimeAndKeepsTheWordsThatItDoesNotSet)
     EXPECT_EQ(WakeUp(204, u"0101", 1), "<OK>");   // clearing keeps both
     EXPECT_EQ(WakeUp(204, u"0500", 0), "<OK>");
     EXPECT_EQ(WakeUp(204, u"0500", 3), "");
-    const std::array<std::array<std::uint32_t, 4>, 4> words{{
-        // size  request  time                repeat
-        {61, 6, 7 * 2048 + 30 * 32, 1},
-        {61, 6, 23 * 2048 + 59 * 32, 1},
-        {61, 16, 23 * 2048 + 59 * 32, 1},
-        {61, 6, 5 * 2048, 0},
-    }};
-    ASSERT_EQ(telephony.blocks.size(), words.size());
-    for (std::size_t i = 0; i < words.size(); ++i) {
-        EXPECT_EQ((std::array{Word(i, 0), Word(i, 12), Word(i, 16), Word(i, 24)}), words[i]) << "request " << i;
-        EXPECT_EQ(telephony.blocks[i].size(), 61U);
-    }
-    EXPECT_EQ(telephony.opened, (std::vector<std::uint32_t>{1, 1, 1, 1}));
-    EXPECT_EQ(telephony.closed, (std::vector<std::uint32_t>{901, 901, 901, 901}));
+    const std::vector<std::size_t> positions{0, 12, 16, 24};  // size, request, time, repeat
+    EXPECT_EQ(Words(0, positions), (Values{61, 6, 7 * 2048 + 30 * 32, 1}));
+    EXPECT_EQ(Words(1, positions), (Values{61, 6, 23 * 2048 + 59 * 32, 1}));
+    EXPECT_EQ(Words(2, positions), (Values{61, 16, 23 * 2048 + 59 * 32, 1}));
+    EXPECT_EQ(Words(3, positions), (Values{61, 6, 5 * 2048, 0}));
+    EXPECT_EQ(telephony.blocks.size(), 4U);
+    for (const std::string& block : telephony.blocks) EXPECT_EQ(block.size(), 61U);
+    EXPECT_EQ(telephony.opened, (Values{1, 1, 1, 1}));
+    EXPECT_EQ(telephony.closed, (Values{901, 901, 901, 901}));
     EXPECT_EQ(Elapsed(), 4 * 220U);  // reply after 20, then the pause of 200
 }
 
 TEST_F(PanasonicOrders, ACheckInSetsTheNameInASecondRequest) {
     telephony.replies = {{}, second, {}, second, {}, second};
-    EXPECT_EQ(CheckIn(u" Ren\u00E9 "), "<OK>");
-    EXPECT_EQ(CheckIn(u"Maximilian Hubertus von Tal"), "<OK>");
-    EXPECT_EQ(CheckIn(u"  "), "<OK>");
+    EXPECT_EQ(CheckIn(kType, u" Ren\u00E9 "), "<OK>");
+    EXPECT_EQ(CheckIn(kType, u"Maximilian Hubertus von Tal"), "<OK>");
+    EXPECT_EQ(CheckIn(kType, u"  "), "<OK>");
     ASSERT_EQ(telephony.blocks.size(), 6U);
-    for (std::size_t i = 0; i < 6; i += 2) {
-        EXPECT_EQ(Word(i, 12), 63U);
-        EXPECT_EQ(Word(i + 1, 12), 13U);
-    }
-    EXPECT_EQ((std::array{Word(1, 28), Word(1, 32)}), (std::array{5U, 56U}));
+    for (std::size_t i = 0; i < 6; i += 2) EXPECT_EQ(Words(i, {12}), Values{63});
+    EXPECT_EQ(Words(1, {12, 28, 32}), (Values{13, 5, 56}));
+    EXPECT_EQ(Words(3, {12, 28, 32}), (Values{13, 28, 33}));
+    EXPECT_EQ(Words(5, {12, 28, 32}), (Values{13, 0, 0}));
     EXPECT_EQ(NameBytes(1), "Ren\xE9" + std::string(21, '\0'));
-    EXPECT_EQ((std::array{Word(3, 28), Word(3, 32)}), (std::array{28U, 33U}));
     EXPECT_EQ(NameBytes(3), "Maximilian Hubertus von T");
-    EXPECT_EQ((std::array{Word(5, 28), Word(5, 32)}), (std::array{0U, 0U}));
     EXPECT_EQ(NameBytes(5), "Maximilian Hubertus von T");
 }
 
 TEST_F(PanasonicOrders, CheckOutClearsTheNameOnlyWhenAskedAndARenameAlwaysDoes) {
     telephony.replies = {{}, {}, {}, {}};
-    EXPECT_EQ(CheckOut(0), "<OK>");
-    EXPECT_EQ(CheckOut(1), "<OK>");
-    EXPECT_EQ(UserName(), "<OK>");
+    EXPECT_EQ(CheckOut(kType), "<OK>");
+    EXPECT_EQ(CheckOut(kType, true), "<OK>");
+    EXPECT_EQ(UserName(kType), "<OK>");
     ASSERT_EQ(telephony.blocks.size(), 4U);
-    EXPECT_EQ((std::array{Word(0, 12), Word(1, 12), Word(2, 12), Word(3, 12)}), (std::array{64U, 64U, 13U, 13U}));
-    EXPECT_EQ(Word(3, 28), 0U);
+    for (const auto& [block, request] : {std::pair(0U, 64U), {1U, 64U}, {2U, 13U}})
+        EXPECT_EQ(Words(block, {12}), Values{request});
+    EXPECT_EQ(Words(3, {12, 28}), (Values{13, 0}));
 }
 
 TEST_F(PanasonicOrders, TheLineIsTheFirstVoiceLineOfThatNameThatAnswers) {
@@ -104,58 +89,59 @@ TEST_F(PanasonicOrders, TheLineIsTheFirstVoiceLineOfThatNameThatAnswers) {
                        {.name = u"EXT123456"}};
     settings.TapiLineCount = 6;
     telephony.replies = {{}, {}};
-    EXPECT_EQ(CheckOut(0), "<OK>");
+    EXPECT_EQ(CheckOut(kType), "<OK>");
     EXPECT_EQ(WakeUp(123456, u"0730", 0), "<OK>");
-    EXPECT_EQ(telephony.opened, (std::vector<std::uint32_t>{3, 5}));
+    EXPECT_EQ(telephony.opened, (Values{3, 5}));
     EXPECT_EQ(WakeUp(12345, u"0730", 0), "<ERROR>");
     telephony.lines[3].opens = false;
-    EXPECT_EQ(CheckOut(0), "<ERROR>");
+    EXPECT_EQ(CheckOut(kType), "<ERROR>");
     EXPECT_EQ(telephony.blocks.size(), 2U);
 }
 
 TEST_F(PanasonicOrders, OnlyTheReplyToItsOwnRequestConfirms) {
+    constexpr int kNoReply = FakeTelephony::kNoReply;
     const struct {
-        int line;
         FakeTelephony::Reply reply;
         std::string verdict;
         std::uint64_t milliseconds;
     } cases[] = {
-        {__LINE__, {.identifier = 50, .after = 0}, "<OK>", 200},  // before the request has returned
-        {__LINE__, {.identifier = 50, .after = 2990}, "<OK>", 3190},
-        {__LINE__, {.identifier = 50, .after = 3100}, "<OK>", 3200},  // within the pause
-        {__LINE__, {.identifier = 50, .after = FakeTelephony::kNoReply}, "<ERROR>", 3200},
-        {__LINE__, {.identifier = 50, .after = 20, .replied_identifier = 51}, "<ERROR>", 3200},
-        {__LINE__, {.identifier = 0, .after = FakeTelephony::kNoReply}, "<ERROR>", 0},
+        {{.identifier = 50, .after = 0}, "<OK>", 200},  // before the request has returned
+        {{.identifier = 50, .after = 2990}, "<OK>", 3190},
+        {{.identifier = 50, .after = 3100}, "<OK>", 3200},  // within the pause
+        {{.identifier = 50, .after = kNoReply}, "<ERROR>", 3200},
+        {{.identifier = 50, .after = 20, .replied_identifier = 51}, "<ERROR>", 3200},
+        {{.identifier = 0, .after = kNoReply}, "<ERROR>", 0},
     };
     for (const auto& row : cases) {
+        SCOPED_TRACE("reply after " + std::to_string(row.reply.after));
         const std::uint64_t before = clock.milliseconds;
         telephony.replies = {row.reply};
-        EXPECT_EQ(CheckOut(0), row.verdict) << "case in line " << row.line;
-        EXPECT_EQ(clock.milliseconds - before, row.milliseconds) << "case in line " << row.line;
+        EXPECT_EQ(CheckOut(kType), row.verdict);
+        EXPECT_EQ(clock.milliseconds - before, row.milliseconds);
         telephony.replies = {{}};
-        EXPECT_EQ(CheckOut(0), "<OK>") << "after the case in line " << row.line;
+        EXPECT_EQ(CheckOut(kType), "<OK>") << "the next order";
     }
     EXPECT_EQ(telephony.closed.size(), telephony.opened.size());
 }
 
 TEST_F(PanasonicOrders, AFailedFirstRequestSendsNoSecondAndAStaleReplyConfirmsNone) {
     telephony.replies = {{.identifier = 50, .after = FakeTelephony::kNoReply}, {}};
-    EXPECT_EQ(CheckIn(u"Rossi"), "<ERROR>");
+    EXPECT_EQ(CheckIn(kType, u"Rossi"), "<ERROR>");
     EXPECT_EQ(telephony.blocks.size(), 1U);
     telephony.replies = {{}, {.identifier = 50, .after = FakeTelephony::kNoReply}};
-    EXPECT_EQ(CheckIn(u"Rossi"), "<ERROR>");
+    EXPECT_EQ(CheckIn(kType, u"Rossi"), "<ERROR>");
     telephony.replies = {{.identifier = 50, .after = 3300}, second};
-    EXPECT_EQ(CheckOut(0), "<ERROR>");
-    EXPECT_EQ(CheckOut(0), "<OK>") << "the belated reply takes no confirmation back";
+    EXPECT_EQ(CheckOut(kType), "<ERROR>");
+    EXPECT_EQ(CheckOut(kType), "<OK>") << "the belated reply takes no confirmation back";
 }
 
 TEST_F(PanasonicOrders, NeedTheServiceOnlyWhenHotelFunctionsAreOn) {
     settings.TapiReady = false;
     EXPECT_EQ(WakeUp(204, u"0730", 0), "<ERROR>");
-    EXPECT_EQ(UserName(), "<ERROR>");
+    EXPECT_EQ(UserName(kType), "<ERROR>");
     settings.HotelEnabled = false;
     EXPECT_EQ(WakeUp(204, u"0730", 3), "<OK>");
-    EXPECT_EQ(CheckIn(u"Rossi"), "<OK>");
+    EXPECT_EQ(CheckIn(kType, u"Rossi"), "<OK>");
     EXPECT_TRUE(telephony.opened.empty());
 }
 

@@ -9,8 +9,7 @@
 namespace vintrel::server {
 namespace {
 
-class Waits : public ::testing::Test {
- protected:
+struct Waits : ::testing::Test {
     std::uint64_t Elapsed() const { return clock.milliseconds - 1000; }
 
     testing::FakeClock clock;
@@ -19,32 +18,26 @@ class Waits : public ::testing::Test {
 
 TEST_F(Waits, LastAsLongAsTheIntervalAndKeepTheHostAlive) {
     int host_events = 0;
-    for (const int at : {100, 200, 299, 301}) loop.Schedule(at, [&] { ++host_events; });
+    for (const int at : {100, 299, 301}) loop.Schedule(at, [&] { ++host_events; });
     WaitMilliseconds(loop, 300);
     EXPECT_EQ(Elapsed(), 300U);
-    EXPECT_EQ(host_events, 3);
-}
-
-TEST_F(Waits, OfZeroOrLessProcessWhatWaitsNowOnce) {
+    EXPECT_EQ(host_events, 2);
     for (const std::int32_t interval : {0, -1, std::numeric_limits<std::int32_t>::min()}) {
         loop.processed = 0;
         WaitMilliseconds(loop, interval);
         EXPECT_EQ(loop.processed, 1) << interval;
         EXPECT_FALSE(loop.TimerRunning(Timer::SleepTimer)) << interval;
     }
-    EXPECT_EQ(Elapsed(), 0U);
+    EXPECT_EQ(Elapsed(), 300U);
 }
 
-TEST_F(Waits, ThatNestEndTogether) {
+TEST_F(Waits, ThatNestEndTogetherAndAllEndWhenTheTimerIsTakenAway) {
     loop.Schedule(50, [&] { WaitMilliseconds(loop, 100); });
     WaitMilliseconds(loop, 60);
     EXPECT_EQ(Elapsed(), 150U);
-}
-
-TEST_F(Waits, EndWhenTheTimerIsTakenAway) {
     loop.Schedule(10, [&] { loop.StopTimer(Timer::SleepTimer); });
     WaitMilliseconds(loop, 1000);
-    EXPECT_EQ(Elapsed(), 10U);
+    EXPECT_EQ(Elapsed(), 160U);
 }
 
 TEST_F(Waits, UntilAnAnswerEndWithItOrAtTheLimit) {
