@@ -1,8 +1,6 @@
 // The converters of innovaphone, Grandstream and Wildix, and the readers of their records.
 #include <gtest/gtest.h>
 
-#include <filesystem>
-#include <fstream>
 #include <map>
 #include <string>
 
@@ -279,20 +277,6 @@ TEST(Wildix, SidesOfACallTellItsDirectionLineAndUser) {
                                u",src,dst,dcontext,clid,channel,dstchannel,lastapp,lastdata,"
                                u"start,answer,end,duration,billsec,ANSWERED"})
         EXPECT_EQ(Convert(u"TYPE10013", record), "rejected");
-}
-
-TEST(CallRecordsPage, ItsExamplesAreTrue) {
-    std::ifstream page(std::filesystem::path(VINTREL_SOURCE_DIR) / "docs/call-records.md");
-    const std::string fence = "```gdv ";
-    int examples = 0;
-    for (std::string line, raw, gdv; std::getline(page, line);) {
-        if (!line.starts_with(fence)) continue;
-        ASSERT_TRUE(std::getline(page, raw) && std::getline(page, gdv));
-        const std::u16string type(line.begin() + static_cast<std::ptrdiff_t>(fence.size()), line.end());
-        EXPECT_EQ(Shown(Link(type).Raw(testing::Raw(raw))), gdv) << raw;
-        ++examples;
-    }
-    EXPECT_GE(examples, 9);
 }
 
 }  // namespace
