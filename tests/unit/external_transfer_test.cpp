@@ -4,7 +4,6 @@
 
 #include "fakes.h"
 #include "printing.h"
-#include "server/catalogue.h"
 
 namespace vintrel::rx {
 namespace {
@@ -85,30 +84,22 @@ TEST_F(ExternalTransfer, ComparesWhatTheConditionSwitchesOn) {
 TEST_F(ExternalTransfer, AnUnknownCodeReplacesThePendingLeg) {
     Check({.user = 101, .direction = u"1"});
     EXPECT_EQ(Check({.user = 102}, u"0000", u"type10001"), 0);
+    EXPECT_EQ(loop.Interval(Timer::CheckExtTranfertTimer), 5000);
     EXPECT_EQ(Check({.user = 102, .direction = u"1"}, u"1000"), 1) << "the leg of user 102 is pending";
 }
 
-TEST_F(ExternalTransfer, ALegWaitsFourOrFiveSecondsDependingOnTheModel) {
-    std::u16string shorter;
-    for (std::size_t i = 0; i < server::kModelCount; ++i) {
-        const std::u16string_view code = server::ModelCode(static_cast<server::Model>(i));
-        Check({}, u"0000", code);
-        const int interval = loop.Interval(Timer::CheckExtTranfertTimer);
-        if (interval == 4000) shorter += code.substr(6);
-        EXPECT_TRUE(interval == 4000 || interval == 5000) << Shown(code);
-    }
-    EXPECT_EQ(Shown(shorter), "011012014015016017019020");
-    Check({}, u"0000", u"TYPE77777");
-    EXPECT_EQ(loop.Interval(Timer::CheckExtTranfertTimer), 5000);
-}
-
 TEST_F(ExternalTransfer, TheTimerClearsALoneLeg) {
-    Check({}, u"0000", u"TYPE10017");
-    loop.WaitAndProcess(3999);
-    EXPECT_EQ(leg.ExtTransferUser, 101);
-    loop.WaitAndProcess(60'000);
-    EXPECT_TRUE(leg.ExtTransferDirection.empty() && leg.ExtTransferDate.empty() && leg.ExtTransferTime.empty());
-    EXPECT_EQ(leg.ExtTransferUser + leg.ExtTransferDuration, 0);
+    const std::tuple<const char16_t*, int> models[] = {
+        {u"TYPE10001", 5000}, {u"TYPE10011", 4000}, {u"TYPE10012", 4000}, {u"TYPE10013", 5000}, {u"TYPE10014", 4000},
+        {u"TYPE10017", 4000}, {u"TYPE10018", 5000}, {u"TYPE10019", 4000}, {u"TYPE12000", 5000}};
+    for (const auto& [type, milliseconds] : models) {
+        Check({}, u"0000", type);
+        loop.WaitAndProcess(milliseconds - 1);
+        EXPECT_EQ(leg.ExtTransferUser, 101) << Shown(type);
+        loop.WaitAndProcess(1);
+        EXPECT_TRUE(leg.ExtTransferDirection.empty() && leg.ExtTransferDate.empty() && leg.ExtTransferTime.empty());
+        EXPECT_EQ(leg.ExtTransferUser + leg.ExtTransferDuration, 0) << Shown(type);
+    }
 }
 
 TEST_F(ExternalTransfer, EveryCallStartsTheIntervalAnewAndItEndsByTheClockWhenNoMessageWasProcessed) {

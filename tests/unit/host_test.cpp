@@ -174,7 +174,7 @@ LinkAnswers MitelHotel() {
 }
 
 TEST(Login, AnswersTheNegotiationThePromptsAndNothingElse) {
-    const LinkAnswers answers = MitelHotel();
+    LinkAnswers answers = MitelHotel();
     Login login(answers, "hotel", "");
     EXPECT_EQ(login.Begin(), "");
     EXPECT_EQ(login.Hear("\xFF\xFB\x03Username: ")->answer, "\xFF\xFD\x01");
@@ -187,15 +187,12 @@ TEST(Login, AnswersTheNegotiationThePromptsAndNothingElse) {
     EXPECT_EQ(login.Hear("Password: ")->answer, "I");  // the operator gave none: the server's answer
     EXPECT_TRUE(login.IsEcho("*\r\n"));
     EXPECT_FALSE(login.IsEcho("   201 a record\r\n"));
-}
 
-TEST(Login, TakesAPromptOfOneCharacterOnlyWhenItStandsAlone) {
-    LinkAnswers answers = MitelHotel();
     answers.exchange_request.clear();
     answers.user_prompt = "-";
-    Login login(answers, "SMDR", "");
-    EXPECT_FALSE(login.Hear("01-02-2026 half a record -"));
-    EXPECT_EQ(login.Hear("-")->answer, "SMDR\r");
+    Login short_prompt(answers, "SMDR", "");
+    EXPECT_FALSE(short_prompt.Hear("01-02-2026 half a record -"));
+    EXPECT_EQ(short_prompt.Hear("-")->answer, "SMDR\r") << "one that stands alone";
 }
 
 TEST(Sender, SendsOneOrderAfterTheOtherAndGivesUpAfterItsRepeats) {
@@ -255,18 +252,15 @@ std::string Played(const LinkAnswers& answers, std::string_view code, std::strin
 }
 
 TEST(Exchange, LogsInAndWaitsForTheAcknowledgementOfEveryFrame) {
-    const LinkAnswers answers = Integral();
-    EXPECT_EQ(Played(answers, "TYPE10001", "room 201 clean\nroom 202 alarm\n", "\2\3", 1500),
-              "<ENQ><ACK><STX>080020100111<ETX>");
-    EXPECT_EQ(Played(answers, "TYPE10001", "room 201 clean\nroom 202 alarm\n", "\2\3", 2500),
+    const auto integral = [](std::string_view scenario, const std::string& orders, std::uint64_t until) {
+        return Played(Integral(), "TYPE10001", scenario, "\2\3" + orders, until);
+    };
+    EXPECT_EQ(integral("room 201 clean\nroom 202 alarm\n", "", 1500), "<ENQ><ACK><STX>080020100111<ETX>");
+    EXPECT_EQ(integral("room 201 clean\nroom 202 alarm\n", "", 2500),
               "<ENQ><ACK><STX>080020100111<ETX>[not acknowledged]<STX>080020200331<ETX>");
-    EXPECT_EQ(Played(answers, "TYPE10001", "disconnect\nroom 201 clean\n", std::string("\2\3\2") + "0700201\3", 1500),
+    EXPECT_EQ(integral("disconnect\nroom 201 clean\n", FromReadable("<STX>0700201<ETX>"), 1500),
               "<ENQ><ACK><ACK>[order <STX>0700201<ETX>][disconnects][off]");
-}
-
-TEST(Exchange, AsksForNameAndPasswordAndEchoesThem) {
-    const LinkAnswers answers = MitelHotel();
-    EXPECT_EQ(Played(answers, "TYPE10014", "room 201 clean", "\xFF\xFD\x01hotel\rsecret\r", 100),
+    EXPECT_EQ(Played(MitelHotel(), "TYPE10014", "room 201 clean", "\xFF\xFD\x01hotel\rsecret\r", 100),
               Readable("\xFF\xFB\x03") +
                   "Username: hotel<CR><LF>Password: ******<CR><LF>[logged in]"
                   "01<FF>201<FF>010126<FF>0000<FF><FF><FF>25<FF>2<FF><VT><ETX><CR><LF>");

@@ -79,23 +79,15 @@ class FakeNetwork : public server::RequestEngine, public server::TcpClient, publ
  public:
     FakeNetwork(FakeLoop& loop, FakeClock& clock) : loop_(loop), clock_(clock) {}
 
-    struct Request {
-        std::string line;  ///< "GET http://host:port/target"
-        std::string header;
-        std::string credentials;  ///< "user:password"
-        std::uint32_t ignored_certificate_errors = 0;
-    };
-
     bool Prepare() override {
         ++prepared;
         return available;
     }
     std::unique_ptr<server::Transfer> Start(const server::HttpRequest& request) override {
-        requests.push_back({.line = Ascii(request.method) + (request.secure ? " https://" : " http://") +
-                                    Ascii(request.host) + ":" + std::to_string(request.port) + Ascii(request.target),
-                            .header = Ascii(request.header),
-                            .credentials = Ascii(request.user) + ":" + Ascii(request.password),
-                            .ignored_certificate_errors = request.ignored_certificate_errors});
+        requests.push_back(Ascii(request.method) + (request.secure ? " https://" : " http://") + Ascii(request.host) +
+                           ":" + std::to_string(request.port) + Ascii(request.target) + "\n" + Ascii(request.header) +
+                           "\n" + Ascii(request.user) + ":" + Ascii(request.password) + " " +
+                           std::to_string(request.ignored_certificate_errors));
         return Next();
     }
     std::unique_ptr<server::TcpConnection> Connect(std::u16string_view host, std::int32_t port) override {
@@ -104,7 +96,8 @@ class FakeNetwork : public server::RequestEngine, public server::TcpClient, publ
     }
 
     std::deque<PeerScript> scripts;
-    std::vector<Request> requests;
+    /// "GET http://host:port/target", the header, and "user:password" with the certificate errors that do not matter.
+    std::vector<std::string> requests;
     std::vector<std::string> called;
     int prepared = 0;
     bool available = true;
