@@ -3,6 +3,7 @@
 #include <fstream>
 #include <iterator>
 #include <map>
+#include <span>
 #include <vector>
 
 #include "allocations.h"
@@ -46,23 +47,24 @@ struct Capture {
     const char16_t* end = u"\r\n";
 };
 
-void ExpectTotals(const std::filesystem::path& folder, std::initializer_list<Capture> captures) {
+void ExpectTotals(const std::filesystem::path& folder, std::span<const Capture> captures) {
     for (const Capture& capture : captures)
         EXPECT_EQ(Convert(capture.model, Records(folder / capture.file, capture.end)), capture.totals) << capture.file;
 }
 
 TEST(Captures, TheProjectsSamplesConvert) {
-    ExpectTotals(kSamples, {
-                               {"mitel_pc4.txt", "10004", "0:2 1:5 2:1 3:3 7:2 "},
-                               {"alcatel_oxo.txt", "10009", "0:2 1:4 7:1 "},
-                               {"avaya_integral2.txt", "10003", "0:2 1:2 "},
-                               {"algoral.txt", "10010", "0:1 1:2 2:1 3:1 7:1 "},
-                               {"ip_office.txt", "10017", "0:3 1:8 2:1 3:2 7:3 rejected:2 "},
-                               {"panasonic.txt", "10019", "0:2 1:4 2:1 3:1 7:2 rejected:9 "},
-                               {"innovaphone.txt", "10012", "0:5 1:2 2:2 3:2 7:1 rejected:14 "},
-                               {"wildix.txt", "10013", "0:2 1:2 2:1 3:1 7:2 rejected:5 ", u"\n"},
-                               {"grandstream.txt", "10020", "0:2 1:3 2:1 3:1 7:1 rejected:11 ", u"\n"},
-                           });
+    const Capture captures[] = {
+        {"mitel_pc4.txt", "10004", "0:2 1:5 2:1 3:3 7:2 "},
+        {"alcatel_oxo.txt", "10009", "0:2 1:4 7:1 "},
+        {"avaya_integral2.txt", "10003", "0:2 1:2 "},
+        {"algoral.txt", "10010", "0:1 1:2 2:1 3:1 7:1 "},
+        {"ip_office.txt", "10017", "0:3 1:8 2:1 3:2 7:3 rejected:2 "},
+        {"panasonic.txt", "10019", "0:2 1:4 2:1 3:1 7:2 rejected:9 "},
+        {"innovaphone.txt", "10012", "0:5 1:2 2:2 3:2 7:1 rejected:14 "},
+        {"wildix.txt", "10013", "0:2 1:2 2:1 3:1 7:2 rejected:5 ", u"\n"},
+        {"grandstream.txt", "10020", "0:2 1:3 2:1 3:1 7:1 rejected:11 ", u"\n"},
+    };
+    ExpectTotals(kSamples, captures);
 }
 
 TEST(Captures, AConversionTakesNothingFromTheHeap) {
@@ -89,17 +91,18 @@ TEST(Captures, AConversionTakesNothingFromTheHeap) {
 TEST(Captures, RealRecordsConvertWhereTheyLieBesideTheCheckout) {
     const std::filesystem::path folder = kSamples / "../../shared/samples";
     if (!std::filesystem::exists(folder)) GTEST_SKIP() << "no real records here";
-    ExpectTotals(folder, {
-                             {"ip_office.txt", "10017", "0:3 1:53 7:17 rejected:18 "},
-                             {"panasonic_120_columns.txt", "10018", "0:29 1:17 2:1 3:1 7:2 rejected:9 short:2 "},
-                             {"mitel_pc4.txt", "10011", "0:1 1:2 2:1 3:2 7:1 "},
-                             {"alcatel_oxo.txt", "10009", "0:1 1:2 7:1 "},
-                             {"innovaphone.txt", "10012", "0:10 1:5 2:6 3:5 rejected:136 "},
-                             {"innovaphone_events.xml.txt", "10012", "rejected:4 ", u"\n"},
-                             {"wildix.txt", "10013", "0:1 1:2 7:2 rejected:2 ", u"\n"},
-                             {"grandstream.txt", "10020", "1:23 rejected:47 ", u"\n"},
-                             {"grandstream_hotel.txt", "10020", "rejected:6 ", u"\n"},
-                         });
+    const Capture captures[] = {
+        {"ip_office.txt", "10017", "0:3 1:53 7:17 rejected:18 "},
+        {"panasonic_120_columns.txt", "10018", "0:29 1:17 2:1 3:1 7:2 rejected:9 short:2 "},
+        {"mitel_pc4.txt", "10011", "0:1 1:2 2:1 3:2 7:1 "},
+        {"alcatel_oxo.txt", "10009", "0:1 1:2 7:1 "},
+        {"innovaphone.txt", "10012", "0:10 1:5 2:6 3:5 rejected:136 "},
+        {"innovaphone_events.xml.txt", "10012", "rejected:4 ", u"\n"},
+        {"wildix.txt", "10013", "0:1 1:2 7:2 rejected:2 ", u"\n"},
+        {"grandstream.txt", "10020", "1:23 rejected:47 ", u"\n"},
+        {"grandstream_hotel.txt", "10020", "rejected:6 ", u"\n"},
+    };
+    ExpectTotals(folder, captures);
 }
 
 /// Nothing that a link can carry stops a conversion or makes it grow: the answer is the marker or a bounded record.

@@ -18,17 +18,10 @@ struct Record {
     std::u16string_view direction = u"0";
 };
 
-class ExternalTransfer : public ::testing::Test {
- protected:
+struct ExternalTransfer : ::testing::Test {
     int Check(const Record& record, std::u16string_view condition = u"0000", std::u16string_view type = u"TYPE10001") {
         return CheckExternalTransfert(record.user, record.date, record.time, record.duration, record.direction,
                                       condition, type, leg, clock, loop);
-    }
-    /// Whether the second record completes the first, with nothing pending before.
-    int Pair(const Record& first, const Record& second, std::u16string_view condition, std::u16string_view type) {
-        leg.Clear();
-        Check(first, u"0000", type);
-        return Check(second, condition, type);
     }
 
     testing::FakeClock clock;
@@ -53,32 +46,30 @@ TEST_F(ExternalTransfer, ComparesWhatTheConditionSwitchesOn) {
         Record second;
         int result;
     } rows[] = {
-        {u"TYPE10001", u"1000", {}, 1},
-        {u"TYPE10001", u"1000", {.user = 102}, 0},
-        {u"TYPE10001", u"0100", {.date = u"31.01.26"}, 0},
-        {u"TYPE10001", u"x0", {.user = 7, .date = u""}, 1},
+        // clang-format off
+        {u"TYPE10001", u"1000", {}, 1},                     {u"TYPE10001", u"1000", {.user = 102}, 0},
+        {u"TYPE10001", u"x0", {.user = 7, .date = u""}, 1}, {u"TYPE10001", u"0100", {.date = u"31.01.26"}, 0},
         // Time: within one minute, or two.
-        {u"TYPE10001", u"0010", {.time = u"10:01"}, 1},
-        {u"TYPE10001", u"0010", {.time = u"10:02"}, 0},
-        {u"TYPE10004", u"0010", {.time = u"10:02"}, 1},
-        {u"TYPE10004", u"0010", {.time = u"10:03"}, 0},
-        {u"TYPE10012", u"0010", {.time = u"10:02"}, 0},
-        {u"TYPE10001", u"0010", {.time = u"25:00"}, 0},
-        {u"TYPE10001", u"0010", {.time = u"10:00:00"}, 0},
+        {u"TYPE10001", u"0010", {.time = u"10:01"}, 1},     {u"TYPE10001", u"0010", {.time = u"10:02"}, 0},
+        {u"TYPE10004", u"0010", {.time = u"10:02"}, 1},     {u"TYPE10004", u"0010", {.time = u"10:03"}, 0},
+        {u"TYPE10012", u"0010", {.time = u"10:01"}, 1},     {u"TYPE10012", u"0010", {.time = u"10:02"}, 0},
+        {u"TYPE10001", u"0010", {.time = u"25:00"}, 0},     {u"TYPE10001", u"0010", {.time = u"10:00:00"}, 0},
         // Duration: within two, or three.
-        {u"TYPE10001", u"0001", {.duration = 62}, 1},
-        {u"TYPE10001", u"0001", {.duration = 63}, 0},
-        {u"TYPE10004", u"0001", {.duration = 63}, 1},
-        {u"TYPE10004", u"0001", {.duration = 64}, 0},
+        {u"TYPE10001", u"0001", {.duration = 62}, 1},       {u"TYPE10001", u"0001", {.duration = 63}, 0},
+        {u"TYPE10004", u"0001", {.duration = 63}, 1},       {u"TYPE10004", u"0001", {.duration = 64}, 0},
         {u"TYPE10001", u"0001", {.duration = -2147483647 - 1}, 0},
         // The direction always counts; a code is compared as given.
-        {u"TYPE10001", u"1111", {.direction = u"1"}, 0},
-        {u"type10001", u"0000", {}, 0},
+        {u"TYPE10001", u"1111", {.direction = u"1"}, 0},    {u"type10001", u"0000", {}, 0},
+        // clang-format on
     };
-    for (const auto& row : rows)
-        EXPECT_EQ(Pair({.direction = u"1"}, row.second, row.condition, row.type), row.result)
-            << &row - rows << " of the table";
-    EXPECT_EQ(Pair({.time = u"23:59", .direction = u"1"}, {.time = u"00:00"}, u"0010", u"TYPE10001"), 0) << "midnight";
+    for (const auto& row : rows) {
+        leg.Clear();
+        Check({.direction = u"1"}, u"0000", row.type);
+        EXPECT_EQ(Check(row.second, row.condition, row.type), row.result) << &row - rows << " of the table";
+    }
+    leg.Clear();
+    Check({.time = u"23:59", .direction = u"1"});
+    EXPECT_EQ(Check({.time = u"00:00"}, u"0010"), 0) << "midnight";
 }
 
 TEST_F(ExternalTransfer, AnUnknownCodeReplacesThePendingLeg) {

@@ -16,8 +16,7 @@ using testing::Shown;
 const std::u16string kCfg = u"D:\\Documenti è 文\\Quindara.cfg";
 const std::u16string kIni = u"D:\\Documenti è 文\\Vintrel.ini";
 
-class Md5ThatShowsItsInput : public Md5 {
- public:
+struct Md5ThatShowsItsInput : Md5 {
     std::u16string HashBytes(std::span<const std::byte> bytes) override {
         if (fails) throw OperationError(0x8004C332, u"Failed", u"MD5Hash");
         std::u16string shown = u"md5 of ";
@@ -27,8 +26,7 @@ class Md5ThatShowsItsInput : public Md5 {
     bool fails = false;
 };
 
-class Initialisation : public ::testing::Test {
- protected:
+struct Initialisation : ::testing::Test {
     Initialisation() {
         SetAllUserCommonDocumentsDirA(u"D:\\Documenti è 文", settings);
         files.contents[kIni] = {};

@@ -61,11 +61,7 @@ TEST(QuotedFields, SplitsWhereTheQuotesSay) {
 
 TEST(InnovaphoneKeys, AKeyCountsAtTheStartAndBehindAmpersandOrBlank) {
     using Key = InnovaphoneKey;
-    const struct {
-        const char16_t* record;
-        Key key;
-        std::string value;
-    } rows[] = {
+    const std::tuple<const char16_t*, Key, std::string> rows[] = {
         {u"event=A:Rel&ref=1", Key::Event, "A:Rel"},
         {u"<14>Jan 1 box event=A:Rel&ref=1", Key::Event, "A:Rel"},
         {u"dst_name=x;src_cdpn=7&src_cdpn=8", Key::SrcCdpn, "8"},
@@ -76,7 +72,8 @@ TEST(InnovaphoneKeys, AKeyCountsAtTheStartAndBehindAmpersandOrBlank) {
         {u"src_cgpn=+++", Key::SrcCgpn, ""},
         {u"src_cgpn&=1&ref", Key::SrcCgpn, ""},
     };
-    for (const auto& row : rows) EXPECT_EQ(Shown(InnovaphoneKeys(row.record)[row.key]), row.value) << Shown(row.record);
+    for (const auto& [record, key, value] : rows)
+        EXPECT_EQ(Shown(InnovaphoneKeys(record)[key]), value) << Shown(record);
 }
 
 const std::u16string kTimes = u"&connect_time=1781514009&disc_time=1781514084&srv_id=02-00-5e-10-20-30\r\n";
@@ -86,10 +83,7 @@ const std::u16string kOut = u"event=A:Rel&date=20260615-090125&ref=77&src_if=GW1
 TEST(Innovaphone, PartiesDirectionAndTimesOfALeg) {
     const std::string when = " 0000 00075 15.06.26 11:00 ";  // 09:00 UTC
     const std::string unanswered = " 0000 0/0/7 0000 00000 15.06.26 11:01 -";
-    const struct {
-        std::u16string record;
-        std::string fields;
-    } rows[] = {
+    const std::pair<std::u16string, std::string> rows[] = {
         {kIn + u"&src_cgpn=016&src_cdpn=101&dst_cdpn=101" + kTimes,
          "00051 00101 016 0000 0/0/0" + when + "- 02-00-5e-10-20-30"},
         {kIn + u"&src_cgpn=016&src_cdpn=00&dst_cdpn=0077" + kTimes + u"&x",
@@ -120,7 +114,7 @@ TEST(Innovaphone, PartiesDirectionAndTimesOfALeg) {
         {u"event=A:Rel&src_if=TEL1" + kTimes, "rejected"},
         {u"event=A:Rel&src_if=GW1&dst_if=GW2" + kTimes, "rejected"},
     };
-    for (const auto& row : rows) EXPECT_EQ(Convert(u"TYPE10012", row.record), row.fields) << Shown(row.record);
+    for (const auto& [record, fields] : rows) EXPECT_EQ(Convert(u"TYPE10012", record), fields) << Shown(record);
 }
 
 /// The type of the call, or what became of the record instead.

@@ -296,8 +296,8 @@ class PanasonicOrders : public ::testing::Test, protected OrderBench {
         return OrderBench::WakeUp(kType, {.room = room, .time = time, .date = u"1511", .mode = mode});
     }
     /// Some words of a request, of four bytes each.
-    std::vector<std::uint32_t> Words(std::size_t request, const std::vector<std::size_t>& positions) const {
-        std::vector<std::uint32_t> words;
+    Values Words(std::size_t request, const std::vector<std::size_t>& positions) const {
+        Values words;
         for (const std::size_t position : positions) {
             std::uint32_t& word = words.emplace_back(0);
             for (std::size_t i = 4; i-- > 0;)
@@ -351,9 +351,8 @@ TEST_F(PanasonicOrders, CheckOutClearsTheNameOnlyWhenAskedAndARenameAlwaysDoes) 
     EXPECT_EQ(CheckOut(kType, true), "<OK>");
     EXPECT_EQ(UserName(kType), "<OK>");
     ASSERT_EQ(telephony.blocks.size(), 4U);
-    for (const auto& [block, request] : {std::pair(0U, 64U), {1U, 64U}, {2U, 13U}})
-        EXPECT_EQ(Words(block, {12}), Values{request});
-    EXPECT_EQ(Words(3, {12, 28}), (Values{13, 0}));
+    for (const std::size_t check_out : {0U, 1U}) EXPECT_EQ(Words(check_out, {12}), Values{64});
+    for (const std::size_t rename : {2U, 3U}) EXPECT_EQ(Words(rename, {12, 28}), (Values{13, 0}));
 }
 
 TEST_F(PanasonicOrders, TheLineIsTheFirstVoiceLineOfThatNameThatAnswers) {
