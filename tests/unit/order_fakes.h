@@ -34,8 +34,7 @@ struct Traffic {
     int alive = 0;
 };
 
-class FakeTransfer : public server::TcpConnection {
- public:
+struct FakeTransfer : server::TcpConnection {
     FakeTransfer(FakeLoop& loop, FakeClock& clock, PeerScript script, Traffic& traffic)
         : clock_(clock), script_(std::move(script)), traffic_(traffic) {
         ++traffic_.alive;
@@ -75,8 +74,7 @@ class FakeTransfer : public server::TcpConnection {
 };
 
 /// Request engine and TCP client in one: both answer with the next script, and with nothing when there is none.
-class FakeNetwork : public server::RequestEngine, public server::TcpClient, public Traffic {
- public:
+struct FakeNetwork : server::RequestEngine, server::TcpClient, Traffic {
     FakeNetwork(FakeLoop& loop, FakeClock& clock) : loop_(loop), clock_(clock) {}
 
     bool Prepare() override {
@@ -116,8 +114,7 @@ class FakeNetwork : public server::RequestEngine, public server::TcpClient, publ
     FakeClock& clock_;
 };
 
-class FakeTelephony : public server::TelephonyService {
- public:
+struct FakeTelephony : server::TelephonyService {
     static constexpr int kNoReply = -1;
     struct Line {
         std::u16string name;

@@ -9,15 +9,16 @@ namespace {
 
 using testing::Shown;
 
-struct ServerInfo : ::testing::Test, SupportListWindow, HelpViewer {
-    void Show(SupportListContent content) override { shown = std::move(content); }
-    void Start(std::u16string_view program, std::u16string_view arguments) override {
-        started = std::u16string(program) + u" " + std::u16string(arguments);
-    }
-
+struct ServerInfo : ::testing::Test {
+    struct : SupportListWindow, HelpViewer {
+        void Show(SupportListContent content) override { shown = std::move(content); }
+        void Start(std::u16string_view program, std::u16string_view arguments) override {
+            started = std::u16string(program) + u" " + std::u16string(arguments);
+        }
+        SupportListContent shown;
+        std::u16string started;
+    } window;
     Settings settings;
-    SupportListContent shown;
-    std::u16string started;
 };
 
 TEST_F(ServerInfo, KnowsACodeInAnyCaseAndAnswersAnUnknownOneWithoutAReport) {
@@ -33,25 +34,27 @@ TEST_F(ServerInfo, KnowsACodeInAnyCaseAndAnswersAnUnknownOneWithoutAReport) {
 
 TEST_F(ServerInfo, ListsTheModelsInCodeOrderWithFiasLast) {
     settings.FormCaptions = {u"hint", u"heading"};
-    GetPabxTypeList(settings, *this, *this);
-    EXPECT_EQ(shown.caption + u"|" + shown.tool_tip + u"|" + shown.heading, u" Pabx Com Server  V 2.841|hint|heading");
-    ASSERT_EQ(shown.lines.size(), 21U);
-    EXPECT_EQ(shown.lines.front(), u"Avaya - Integral 1/3/5 SW xE3.xxx - xE5.xxx");
-    EXPECT_EQ(shown.lines[19], u"Grandstream - UCM6300 Series");
-    EXPECT_EQ(shown.lines.back(), u"FIAS - PMS");
+    GetPabxTypeList(settings, window, window);
+    EXPECT_EQ(window.shown.caption, u" Pabx Com Server  V 2.841");
+    EXPECT_EQ(window.shown.tool_tip, u"hint");
+    EXPECT_EQ(window.shown.heading, u"heading");
+    ASSERT_EQ(window.shown.lines.size(), 21U);
+    EXPECT_EQ(window.shown.lines.front(), u"Avaya - Integral 1/3/5 SW xE3.xxx - xE5.xxx");
+    EXPECT_EQ(window.shown.lines[19], u"Grandstream - UCM6300 Series");
+    EXPECT_EQ(window.shown.lines.back(), u"FIAS - PMS");
 }
 
 TEST_F(ServerInfo, DoubleClickOpensTheHelpPageThatIsSetAtThatMoment) {
-    GetPabxTypeList(settings, *this, *this);
-    EXPECT_FALSE(shown.clickable);
-    shown.on_double_click();
-    EXPECT_EQ(started, u"") << "no help file";
+    GetPabxTypeList(settings, window, window);
+    EXPECT_FALSE(window.shown.clickable);
+    window.shown.on_double_click();
+    EXPECT_EQ(window.started, u"") << "no help file";
     settings.HelpFile = u"C:\\Help\\Srv.chm";
     settings.HelpIndex = u"Schemi";
-    shown.on_double_click();
-    EXPECT_EQ(started, u"hh.exe C:\\Help\\Srv.chm::/Schemi.htm");
-    GetPabxTypeList(settings, *this, *this);
-    EXPECT_TRUE(shown.clickable);
+    window.shown.on_double_click();
+    EXPECT_EQ(window.started, u"hh.exe C:\\Help\\Srv.chm::/Schemi.htm");
+    GetPabxTypeList(settings, window, window);
+    EXPECT_TRUE(window.shown.clickable);
 }
 
 }  // namespace
