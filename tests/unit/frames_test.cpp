@@ -223,7 +223,7 @@ TEST(SetClock, IsConvertedForTheHostWithADate) {
         const char *frame, *converted;  // with "~" for the fourteen blanks
     } rows[] = {
         // Avaya Integral: the next time that the clock shows it.
-        {u"TYPE10001", At(2026, 11, 15, 6, 0), "<STX>080012307301<ETX>", "<STX>0800123107301511~<ETX>"},
+        {u"TYPE10001", At(2026, 11, 15, 7, 30), "<STX>080012307301<ETX>", "<STX>0800123107301511~<ETX>"},
         {u"TYPE10002", At(2026, 11, 15, 7, 31), "<STX>080012307301<ETX>", "<STX>0800123107301611~<ETX>"},
         {u"type10007", At(2026, 12, 31, 22, 0), "<STX>080012306301<ETX>", "<STX>0800123106300101~<ETX>"},
         {u"TYPE10001", At(2028, 2, 28, 9, 0), "<STX>080012307301<ETX>", "<STX>0800123107302902~<ETX>"},
