@@ -15,8 +15,9 @@
 
 namespace vintrel::testing {
 
-/// "line user number code spare/info/type unity duration d.m.y h:m pty" of a record, blanks trimmed and empty columns
-/// as "-"; "rejected" for the marker; a record of another length as it stands.
+/// "line user number code spare/info/type unity duration d.m.y h:m pty" of a record, and its MAC address where it
+/// has one; blanks trimmed and empty columns as "-"; "rejected" for the marker; a record of another length as it
+/// stands.
 inline std::string Fields(std::u16string_view record) {
     using namespace cdr;  // NOLINT(google-build-using-namespace): the 34 accessors
     if (record == u"\x10") return "rejected";
@@ -26,6 +27,7 @@ inline std::string Fields(std::u16string_view record) {
         const std::string text = Shown(server::Trim(server::Mid(body, start, length)));
         return text.empty() ? "-" : text;
     };
+    const std::string mac = field(GetGdvMacAddressLenStart(), GetGdvMacAddressLenStop());
     return field(GetGdvLineLenStart(), GetGdvLineLenStop()) + " " + field(GetGdvUserLenStart(), GetGdvUserLenStop()) +
            " " + field(GetGdvNumberLenStart(), GetGdvNumberLenStop()) + " " +
            field(GetGdvUserCodeLenStart(), GetGdvUserCodeLenStop()) + " " + field(31, 1) + "/" +
@@ -37,7 +39,7 @@ inline std::string Fields(std::u16string_view record) {
            field(GetGdvDateYLenStart(), GetGdvDateYLenStop()) + " " +
            field(GetGdvTimeHLenStart(), GetGdvTimeHLenStop()) + ":" +
            field(GetGdvTimeMLenStart(), GetGdvTimeMLenStop()) + " " +
-           field(GetGdvPTYNumberLenStart(), GetGdvPTYNumberLenStop());
+           field(GetGdvPTYNumberLenStart(), GetGdvPTYNumberLenStop()) + (mac == "-" ? "" : " " + mac);
 }
 
 /// One model's link: what conversions remember stays from record to record.
@@ -75,16 +77,11 @@ inline std::u16string With(std::u16string record, Texts texts) {
     return record;
 }
 
-/// The columns of a call with other texts, one row per case.
-struct FieldsRow {
-    int line;
-    Texts texts;
-    const char* fields;
-};
-
-inline void ExpectFields(Link link, std::u16string_view call, std::initializer_list<FieldsRow> rows) {
-    for (const FieldsRow& row : rows)
-        EXPECT_EQ(link.Convert(With(std::u16string(call), row.texts)), row.fields) << "row in line " << row.line;
+/// A call that differs by some texts, and the fields that it is read as; one row per case.
+inline void ExpectFields(std::u16string_view type, const std::u16string& call,
+                         std::initializer_list<std::pair<Texts, const char*>> rows) {
+    for (const auto& [texts, fields] : rows)
+        EXPECT_EQ(Link(type).Convert(With(call, texts)), fields) << Shown(With(call, texts));
 }
 
 }  // namespace vintrel::testing

@@ -3,6 +3,7 @@
 #include <fstream>
 #include <iterator>
 #include <map>
+#include <span>
 #include <vector>
 
 #include "allocations.h"
@@ -13,6 +14,8 @@ namespace {
 
 using testing::Link;
 using testing::Shown;
+
+const std::filesystem::path kSamples = VINTREL_SOURCE_DIR "/samples";
 
 /// Cuts a capture after each `end`, which stays with its record.
 std::vector<std::u16string> Records(const std::filesystem::path& capture, std::u16string_view end) {
@@ -40,27 +43,28 @@ std::string Convert(const std::string& model, const std::vector<std::u16string>&
 }
 
 struct Capture {
-    const char *file, *model;
-    const char16_t* end;
-    const char* totals;
+    const char *file, *model, *totals;
+    const char16_t* end = u"\r\n";
 };
+
+void ExpectTotals(const std::filesystem::path& folder, std::span<const Capture> captures) {
+    for (const Capture& capture : captures)
+        EXPECT_EQ(Convert(capture.model, Records(folder / capture.file, capture.end)), capture.totals) << capture.file;
+}
 
 TEST(Captures, TheProjectsSamplesConvert) {
     const Capture captures[] = {
-        {"mitel_pc4.txt", "10004", u"\r\n", "0:2 1:5 2:1 3:3 7:2 "},
-        {"alcatel_oxo.txt", "10009", u"\r\n", "0:2 1:4 7:1 "},
-        {"avaya_integral2.txt", "10003", u"\r\n", "0:2 1:2 "},
-        {"algoral.txt", "10010", u"\r\n", "0:1 1:2 2:1 3:1 7:1 "},
-        {"ip_office.txt", "10017", u"\r\n", "0:3 1:8 2:1 3:2 7:3 rejected:2 "},
-        {"panasonic.txt", "10019", u"\r\n", "0:2 1:4 2:1 3:1 7:2 rejected:9 "},
-        {"innovaphone.txt", "10012", u"\r\n", "0:5 1:2 2:2 3:2 7:1 rejected:14 "},
-        {"wildix.txt", "10013", u"\n", "0:2 1:2 2:1 3:1 7:2 rejected:5 "},
-        {"grandstream.txt", "10020", u"\n", "0:2 1:3 2:1 3:1 7:1 rejected:11 "},
+        {"mitel_pc4.txt", "10004", "0:2 1:5 2:1 3:3 7:2 "},
+        {"alcatel_oxo.txt", "10009", "0:2 1:4 7:1 "},
+        {"avaya_integral2.txt", "10003", "0:2 1:2 "},
+        {"algoral.txt", "10010", "0:1 1:2 2:1 3:1 7:1 "},
+        {"ip_office.txt", "10017", "0:3 1:8 2:1 3:2 7:3 rejected:2 "},
+        {"panasonic.txt", "10019", "0:2 1:4 2:1 3:1 7:2 rejected:9 "},
+        {"innovaphone.txt", "10012", "0:5 1:2 2:2 3:2 7:1 rejected:14 "},
+        {"wildix.txt", "10013", "0:2 1:2 2:1 3:1 7:2 rejected:5 ", u"\n"},
+        {"grandstream.txt", "10020", "0:2 1:3 2:1 3:1 7:1 rejected:11 ", u"\n"},
     };
-    for (const Capture& capture : captures) {
-        const auto records = Records(std::filesystem::path(VINTREL_SOURCE_DIR) / "samples" / capture.file, capture.end);
-        EXPECT_EQ(Convert(capture.model, records), capture.totals) << capture.file;
-    }
+    ExpectTotals(kSamples, captures);
 }
 
 TEST(Captures, AConversionTakesNothingFromTheHeap) {
@@ -73,7 +77,7 @@ TEST(Captures, AConversionTakesNothingFromTheHeap) {
     for (const auto& [type, file] : captures) {
         CallRecordState state;
         const server::Settings settings;
-        for (const auto& text : Records(std::filesystem::path(VINTREL_SOURCE_DIR) / "samples" / file, u"\n")) {
+        for (const auto& text : Records(kSamples / file, u"\n")) {
             server::InOutText record(text);
             const std::size_t before = testing::Allocations();
             GetComConvertStringRX(type, record, state, settings, clock, message);
@@ -85,21 +89,20 @@ TEST(Captures, AConversionTakesNothingFromTheHeap) {
 /// Counted from the captures by other means (awk, a script), by the rules as they are written. Two hotel texts of the
 /// Panasonic carry no duration; one read from the date, 31 hours, does not fit.
 TEST(Captures, RealRecordsConvertWhereTheyLieBesideTheCheckout) {
-    const std::filesystem::path folder = std::filesystem::path(VINTREL_SOURCE_DIR) / ".." / "shared" / "samples";
+    const std::filesystem::path folder = kSamples / "../../shared/samples";
     if (!std::filesystem::exists(folder)) GTEST_SKIP() << "no real records here";
     const Capture captures[] = {
-        {"ip_office.txt", "10017", u"\r\n", "0:3 1:53 7:17 rejected:18 "},
-        {"panasonic_120_columns.txt", "10018", u"\r\n", "0:29 1:17 2:1 3:1 7:2 rejected:9 short:2 "},
-        {"mitel_pc4.txt", "10011", u"\r\n", "0:1 1:2 2:1 3:2 7:1 "},
-        {"alcatel_oxo.txt", "10009", u"\r\n", "0:1 1:2 7:1 "},
-        {"innovaphone.txt", "10012", u"\r\n", "0:10 1:5 2:6 3:5 rejected:136 "},
-        {"innovaphone_events.xml.txt", "10012", u"\n", "rejected:4 "},
-        {"wildix.txt", "10013", u"\n", "0:1 1:2 7:2 rejected:2 "},
-        {"grandstream.txt", "10020", u"\n", "1:23 rejected:47 "},
-        {"grandstream_hotel.txt", "10020", u"\n", "rejected:6 "},
+        {"ip_office.txt", "10017", "0:3 1:53 7:17 rejected:18 "},
+        {"panasonic_120_columns.txt", "10018", "0:29 1:17 2:1 3:1 7:2 rejected:9 short:2 "},
+        {"mitel_pc4.txt", "10011", "0:1 1:2 2:1 3:2 7:1 "},
+        {"alcatel_oxo.txt", "10009", "0:1 1:2 7:1 "},
+        {"innovaphone.txt", "10012", "0:10 1:5 2:6 3:5 rejected:136 "},
+        {"innovaphone_events.xml.txt", "10012", "rejected:4 ", u"\n"},
+        {"wildix.txt", "10013", "0:1 1:2 7:2 rejected:2 ", u"\n"},
+        {"grandstream.txt", "10020", "1:23 rejected:47 ", u"\n"},
+        {"grandstream_hotel.txt", "10020", "rejected:6 ", u"\n"},
     };
-    for (const Capture& capture : captures)
-        EXPECT_EQ(Convert(capture.model, Records(folder / capture.file, capture.end)), capture.totals) << capture.file;
+    ExpectTotals(folder, captures);
 }
 
 /// Nothing that a link can carry stops a conversion or makes it grow: the answer is the marker or a bounded record.

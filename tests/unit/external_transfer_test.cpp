@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <set>
+
 #include "fakes.h"
 #include "printing.h"
 #include "server/catalogue.h"
@@ -12,27 +14,17 @@ namespace {
 using server::Timer;
 using testing::Shown;
 
-constexpr std::u16string_view kNoConditions = u"0000";
-
 struct Record {
     std::int32_t user = 101;
     std::u16string_view date = u"31.01.2026", time = u"10:00";
     std::int32_t duration = 60;
-    std::u16string_view direction = u"1";
+    std::u16string_view direction = u"0";
 };
 
-class ExternalTransfer : public ::testing::Test {
- protected:
-    int Check(const Record& record, std::u16string_view condition = kNoConditions,
-              std::u16string_view type = u"TYPE10001") {
+struct ExternalTransfer : ::testing::Test {
+    int Check(const Record& record, std::u16string_view condition = u"0000", std::u16string_view type = u"TYPE10001") {
         return CheckExternalTransfert(record.user, record.date, record.time, record.duration, record.direction,
                                       condition, type, leg, clock, loop);
-    }
-    /// Whether the second record completes the first, with nothing pending before.
-    int Pair(const Record& first, const Record& second, std::u16string_view condition, std::u16string_view type) {
-        leg.Clear();
-        Check(first, kNoConditions, type);
-        return Check(second, condition, type);
     }
 
     testing::FakeClock clock;
@@ -53,83 +45,69 @@ TEST_F(ExternalTransfer, PairsTwoRecordsOfOppositeDirections) {
 
 TEST_F(ExternalTransfer, ComparesWhatTheConditionSwitchesOn) {
     const struct {
-        int line;
         std::u16string_view type, condition;
         Record second;
         int result;
     } rows[] = {
-        {__LINE__, u"TYPE10001", u"1000", {.direction = u"0"}, 1},
-        {__LINE__, u"TYPE10001", u"1000", {.user = 102, .direction = u"0"}, 0},
-        {__LINE__, u"TYPE10001", u"0100", {.date = u"31.01.26", .direction = u"0"}, 0},
-        {__LINE__, u"TYPE10001", u"x0", {.user = 7, .date = u"", .direction = u"0"}, 1},
+        // clang-format off
+        {u"TYPE10001", u"1000", {}, 1},                     {u"TYPE10001", u"1000", {.user = 102}, 0},
+        {u"TYPE10001", u"x0", {.user = 7, .date = u""}, 1}, {u"TYPE10001", u"0100", {.date = u"31.01.26"}, 0},
         // Time: within one minute, or two.
-        {__LINE__, u"TYPE10001", u"0010", {.time = u"10:01", .direction = u"0"}, 1},
-        {__LINE__, u"TYPE10001", u"0010", {.time = u"10:02", .direction = u"0"}, 0},
-        {__LINE__, u"TYPE10004", u"0010", {.time = u"10:02", .direction = u"0"}, 1},
-        {__LINE__, u"TYPE10004", u"0010", {.time = u"10:03", .direction = u"0"}, 0},
-        {__LINE__, u"TYPE10012", u"0010", {.time = u"10:02", .direction = u"0"}, 0},
-        {__LINE__, u"TYPE10001", u"0010", {.time = u"25:00", .direction = u"0"}, 0},
-        {__LINE__, u"TYPE10001", u"0010", {.time = u"10:00:00", .direction = u"0"}, 0},
+        {u"TYPE10001", u"0010", {.time = u"10:01"}, 1},     {u"TYPE10001", u"0010", {.time = u"10:02"}, 0},
+        {u"TYPE10004", u"0010", {.time = u"10:02"}, 1},     {u"TYPE10004", u"0010", {.time = u"10:03"}, 0},
+        {u"TYPE10012", u"0010", {.time = u"10:01"}, 1},     {u"TYPE10012", u"0010", {.time = u"10:02"}, 0},
+        {u"TYPE10001", u"0010", {.time = u"25:00"}, 0},     {u"TYPE10001", u"0010", {.time = u"10:00:00"}, 0},
         // Duration: within two, or three.
-        {__LINE__, u"TYPE10001", u"0001", {.duration = 62, .direction = u"0"}, 1},
-        {__LINE__, u"TYPE10001", u"0001", {.duration = 63, .direction = u"0"}, 0},
-        {__LINE__, u"TYPE10004", u"0001", {.duration = 63, .direction = u"0"}, 1},
-        {__LINE__, u"TYPE10004", u"0001", {.duration = 64, .direction = u"0"}, 0},
-        {__LINE__, u"TYPE10001", u"0001", {.duration = -2147483647 - 1, .direction = u"0"}, 0},
+        {u"TYPE10001", u"0001", {.duration = 62}, 1},       {u"TYPE10001", u"0001", {.duration = 63}, 0},
+        {u"TYPE10004", u"0001", {.duration = 63}, 1},       {u"TYPE10004", u"0001", {.duration = 64}, 0},
+        {u"TYPE10001", u"0001", {.duration = -2147483647 - 1}, 0},
         // The direction always counts; a code is compared as given.
-        {__LINE__, u"TYPE10001", u"1111", {.direction = u"1"}, 0},
-        {__LINE__, u"type10001", u"0000", {.direction = u"0"}, 0},
-        {__LINE__, u"TYPE99999", u"0000", {.direction = u"0"}, 0},
+        {u"TYPE10001", u"1111", {.direction = u"1"}, 0},    {u"type10001", u"0000", {}, 0},
+        // clang-format on
     };
-    for (const auto& row : rows)
-        EXPECT_EQ(Pair({}, row.second, row.condition, row.type), row.result) << "line " << row.line;
-    EXPECT_EQ(Pair({.time = u"23:59"}, {.time = u"00:00", .direction = u"0"}, u"0010", u"TYPE10001"), 0) << "midnight";
+    for (const auto& row : rows) {
+        leg.Clear();
+        Check({.direction = u"1"}, u"0000", row.type);
+        EXPECT_EQ(Check(row.second, row.condition, row.type), row.result) << &row - rows << " of the table";
+    }
+    leg.Clear();
+    Check({.time = u"23:59", .direction = u"1"});
+    EXPECT_EQ(Check({.time = u"00:00"}, u"0010"), 0) << "midnight";
 }
 
 TEST_F(ExternalTransfer, AnUnknownCodeReplacesThePendingLeg) {
     Check({.user = 101, .direction = u"1"});
-    EXPECT_EQ(Check({.user = 102, .direction = u"0"}, kNoConditions, u"type10001"), 0);
+    EXPECT_EQ(Check({.user = 102}, u"0000", u"type10001"), 0);
+    EXPECT_EQ(loop.Interval(Timer::CheckExtTranfertTimer), 5000);
     EXPECT_EQ(Check({.user = 102, .direction = u"1"}, u"1000"), 1) << "the leg of user 102 is pending";
 }
 
-TEST_F(ExternalTransfer, ALegWaitsFourOrFiveSecondsDependingOnTheModel) {
-    for (std::size_t i = 0; i < server::kModelCount; ++i) {
-        const std::u16string_view code = server::ModelCode(static_cast<server::Model>(i));
-        Check({}, kNoConditions, code);
-        const bool shorter = code == u"TYPE10011" || code == u"TYPE10012" || code == u"TYPE10019" ||
-                             code == u"TYPE10020" || (code >= u"TYPE10014" && code <= u"TYPE10017");
-        EXPECT_EQ(loop.Interval(Timer::CheckExtTranfertTimer), shorter ? 4000 : 5000) << Shown(code);
-    }
-    Check({}, kNoConditions, u"TYPE77777");
-    EXPECT_EQ(loop.Interval(Timer::CheckExtTranfertTimer), 5000);
-}
-
 TEST_F(ExternalTransfer, TheTimerClearsALoneLeg) {
-    Check({}, kNoConditions, u"TYPE10017");
-    loop.WaitAndProcess(3999);
-    EXPECT_EQ(leg.ExtTransferUser, 101);
-    loop.WaitAndProcess(60'000);
-    EXPECT_TRUE(leg.ExtTransferDirection.empty() && leg.ExtTransferDate.empty() && leg.ExtTransferTime.empty());
-    EXPECT_EQ(leg.ExtTransferUser + leg.ExtTransferDuration, 0);
-    EXPECT_EQ(Check({.direction = u"0"}, kNoConditions, u"TYPE10017"), 0);
+    const std::set<std::u16string_view> four_seconds{u"TYPE10011", u"TYPE10012", u"TYPE10014", u"TYPE10015",
+                                                     u"TYPE10016", u"TYPE10017", u"TYPE10019", u"TYPE10020"};
+    for (std::size_t i = 0; i < server::kModelCount; ++i) {
+        const std::u16string_view type = server::ModelCode(static_cast<server::Model>(i));
+        const int milliseconds = four_seconds.contains(type) ? 4000 : 5000;
+        Check({}, u"0000", type);
+        loop.WaitAndProcess(milliseconds - 1);
+        EXPECT_EQ(leg.ExtTransferUser, 101) << Shown(type);
+        loop.WaitAndProcess(1);
+        EXPECT_TRUE(leg.ExtTransferDirection.empty() && leg.ExtTransferDate.empty() && leg.ExtTransferTime.empty());
+        EXPECT_EQ(leg.ExtTransferUser + leg.ExtTransferDuration, 0) << Shown(type);
+    }
 }
 
-TEST_F(ExternalTransfer, ALegExpiresByTheClockWhenNoMessageWasProcessed) {
+TEST_F(ExternalTransfer, EveryCallStartsTheIntervalAnewAndItEndsByTheClockWhenNoMessageWasProcessed) {
     Check({});
-    clock.milliseconds += 4999;
-    EXPECT_EQ(Check({.direction = u"0"}), 1);
+    loop.WaitAndProcess(4000);
+    Check({});
+    loop.WaitAndProcess(4000);
+    clock.milliseconds += 999;
+    EXPECT_EQ(Check({.direction = u"1"}), 1);
     Check({});
     clock.milliseconds += 5001;
-    EXPECT_EQ(Check({.direction = u"0"}), 0);
-    EXPECT_EQ(Check({.direction = u"1"}), 1) << "the late record is the pending one";
-}
-
-TEST_F(ExternalTransfer, EveryCallStartsTheFullIntervalAnew) {
-    Check({});
-    loop.WaitAndProcess(4000);
-    Check({});
-    loop.WaitAndProcess(4000);
-    EXPECT_EQ(Check({.direction = u"0"}), 1);
+    EXPECT_EQ(Check({.direction = u"1"}), 0);
+    EXPECT_EQ(Check({}), 1) << "the late record is the pending one";
 }
 
 }  // namespace

@@ -13,8 +13,7 @@
 
 namespace vintrel::testing {
 
-class FakeMessage : public server::CriticalMessage {
- public:
+struct FakeMessage : server::CriticalMessage {
     void Show(std::u16string_view text, std::u16string_view title) override {
         texts.emplace_back(text);
         titles.emplace_back(title);
@@ -23,8 +22,7 @@ class FakeMessage : public server::CriticalMessage {
     std::vector<std::u16string> titles;
 };
 
-class FakeClock : public server::Clock {
- public:
+struct FakeClock : server::Clock {
     server::DateTime LocalNow() const override { return now; }
     std::int32_t AheadOfUtc() const override { return ahead_of_utc; }
     std::uint64_t Milliseconds() const override { return milliseconds; }
@@ -35,8 +33,7 @@ class FakeClock : public server::Clock {
 };
 
 /// Waits pass in no time: the clock jumps to the next timer tick or scheduled event.
-class FakeLoop : public server::MessageLoop {
- public:
+struct FakeLoop : server::MessageLoop {
     explicit FakeLoop(FakeClock& clock) : clock_(clock) {}
 
     /// Something that happens outside, `milliseconds` from now, while messages are processed.
@@ -95,8 +92,7 @@ class FakeLoop : public server::MessageLoop {
     std::multimap<std::uint64_t, std::function<void()>> events_;
 };
 
-class FakeIni : public server::IniStore {
- public:
+struct FakeIni : server::IniStore {
     std::u16string Read(std::u16string_view path, std::u16string_view section, std::u16string_view key) override {
         const auto found = values.find({std::u16string(path), std::u16string(section), std::u16string(key)});
         return found == values.end() ? std::u16string() : found->second;
@@ -110,8 +106,7 @@ class FakeIni : public server::IniStore {
     std::vector<std::u16string> written;
 };
 
-class FakeFiles : public server::Files {
- public:
+struct FakeFiles : server::Files {
     bool Exists(std::u16string_view path) const override { return contents.contains(std::u16string(path)); }
     std::optional<std::vector<std::byte>> Read(std::u16string_view path, std::uint64_t offset,
                                                std::size_t count) const override {
@@ -128,8 +123,7 @@ class FakeFiles : public server::Files {
 };
 
 /// A code page of 256 characters with the same numbers.
-class FakeAnsi : public server::AnsiText {
- public:
+struct FakeAnsi : server::AnsiText {
     std::string FromText(std::u16string_view text) const override {
         std::string bytes;
         for (const char16_t c : text) bytes += c < 256 ? static_cast<char>(c) : '?';

@@ -1,11 +1,8 @@
-// The examples of docs/frames.md are what the server does.
-#include <gtest/gtest.h>
-
-#include <filesystem>
+// The examples of docs/frames.md and docs/call-records.md are what the server does.
 #include <fstream>
+#include <functional>
 
-#include "fakes.h"
-#include "printing.h"
+#include "call_records.h"
 #include "rx/room_events.h"
 #include "rx/set_clock.h"
 #include "rx/wake_up_events.h"
@@ -16,7 +13,7 @@ namespace {
 using server::TypeCode;
 
 /// "kind: form" as the page writes it, asked in the page's order.
-std::string KindAndForm(std::u16string code, std::u16string_view frame) {
+std::string KindAndForm(std::u16string code, const std::u16string& frame) {
     server::Settings settings;
     settings.RoomStatusNotCleanCdpn = u"91";
     settings.WakeupResponseH323 = u"Hotel";
@@ -34,18 +31,28 @@ std::string KindAndForm(std::u16string code, std::u16string_view frame) {
     return "other";
 }
 
-TEST(FramesPage, ShowsWhatTheServerDoes) {
-    const std::string fence = "```frames ";
-    std::ifstream page(std::filesystem::path(VINTREL_SOURCE_DIR) / "docs/frames.md");
+/// Compares every second line of the blocks that begin with such a fence with what becomes of the line before.
+/// @return how many there are
+int ExpectExamples(const char* page, const std::string& fence,
+                   const std::function<std::string(std::u16string, std::u16string)>& shown) {
+    std::ifstream file(std::string(VINTREL_SOURCE_DIR "/docs/") + page);
     int examples = 0;
-    for (std::string line; std::getline(page, line);) {
+    for (std::string line; std::getline(file, line);) {
         if (!line.starts_with(fence)) continue;
         const std::u16string code(line.begin() + static_cast<std::ptrdiff_t>(fence.size()), line.end());
-        for (std::string expected; std::getline(page, line) && line != "```" && std::getline(page, expected);
+        for (std::string expected; std::getline(file, line) && line != "```" && std::getline(file, expected);
              ++examples)
-            EXPECT_EQ(KindAndForm(code, testing::Raw(line)), expected) << line;
+            EXPECT_EQ(shown(code, testing::Raw(line)), expected) << line;
     }
-    EXPECT_GE(examples, 20);
+    return examples;
+}
+
+TEST(Pages, ShowWhatTheServerDoes) {
+    EXPECT_GE(ExpectExamples("frames.md", "```frames ", KindAndForm), 20);
+    const auto gdv = [](const std::u16string& code, const std::u16string& record) {
+        return testing::Shown(testing::Link(code).Raw(record));
+    };
+    EXPECT_GE(ExpectExamples("call-records.md", "```gdv ", gdv), 9);
 }
 
 }  // namespace

@@ -7,11 +7,13 @@
 #include "fakes.h"
 #include "printing.h"
 #include "rx/room_events.h"
+#include "rx/set_clock.h"
 #include "rx/wake_up_events.h"
 
 namespace vintrel::rx {
 namespace {
 
+using server::DateTime;
 using server::Settings;
 using server::TypeCode;
 using testing::FakeMessage;
@@ -20,8 +22,9 @@ using testing::Shown;
 
 const std::string kTrailer = "<FF><VT><ETX><CR><LF>";
 const std::string kMitelCall = "01<FF>204<FF>310124<FF>0730<FF><FF><FF>";
+const std::string kNoRoom = "<FF><FF>room<FF><FF>123456<FF><FF>";  // behind the first field
 
-Settings HotelSettings() {
+const Settings kSettings = [] {
     Settings settings;
     settings.RoomStatusCleanCdpn = u"90";
     settings.RoomStatusNotCleanCdpn = u"91";
@@ -32,7 +35,7 @@ Settings HotelSettings() {
     settings.WakeupResponseH323 = u"Hotel";
     settings.WakeupResponseFallback = u"299";
     return settings;
-}
+}();
 
 /// Asks an operation with a code and a frame of its own, as a host does.
 template <typename Operation, typename... World>
@@ -42,7 +45,7 @@ auto Ask(Operation operation, std::u16string_view type, std::u16string_view fram
 }
 
 std::string MaidRecord(const std::string& dialled) {
-    return "'7','','1001','" + dialled + "','pms-status','\"Room 1001\" <1001>','PJSIP/1001-1','','ReadExten','KEY,,'";
+    return "'7','','204','" + dialled + "','pms-status','\"Room 204\" <204>','PJSIP/204-1','','ReadExten','KEY,,'";
 }
 
 std::string WakeUpRecord(const std::string& room, const std::string& result) {
@@ -56,181 +59,216 @@ std::string WakeUpEvent(const std::string& extension, const std::string& event) 
 }
 
 TEST(RoomEvents, AreRecognisedAndConvertedAsEachModelSendsThem) {
-    const std::string none;
+    constexpr char kClean[] = "<STX>080020400111<ETX>", kNotClean[] = "<STX>080020400221<ETX>";
+    constexpr char kAlarm[] = "<STX>080020400331<ETX>";
     const struct {
-        int line;
         std::u16string_view type;
         std::string frame;
         int is_state, is_alarm;
-        std::string state, alarm;
+        std::string state = "", alarm = "";
     } rows[] = {
         // Avaya Integral: characters 9 to 12, whatever the length; the frame is the host's form already.
-        {__LINE__, u"TYPE10001", "<STX>080012300111<ETX>", 1, 0, "<STX>080012300111<ETX>", none},
-        {__LINE__, u"TYPE10007", "<STX>080012300331<ETX>", 0, 1, none, "<STX>080012300331<ETX>"},
-        {__LINE__, u"TYPE10001", "<STX>08001230011more1<ETX>", 1, 0, "<STX>08001230011more1<ETX>", none},
-        {__LINE__, u"TYPE10001", "<STX>080012300441<ETX>", 0, 0, none, none},
-        {__LINE__, u"TYPE10001", "<STX>080012300112<ETX>", 0, 0, none, none},
-        {__LINE__, u"TYPE10003", "<STX>080012300111<ETX>", 0, 0, none, none},
+        {u"TYPE10001", kClean, 1, 0, kClean},
+        {u"TYPE10007", kAlarm, 0, 1, "", kAlarm},
+        {u"TYPE10001", "<STX>08001230011more1<ETX>", 1, 0, "<STX>08001230011more1<ETX>"},
+        {u"TYPE10001", "<STX>080012300441<ETX>", 0, 0},
+        {u"TYPE10001", "<STX>080012300112<ETX>", 0, 0},
+        {u"TYPE10003", kClean, 0, 0},
         // Mitel hotel: field 7 and field 8; every other frame with the trailer is class 2 for the alarm.
-        {__LINE__, u"TYPE10014", kMitelCall + "25<FF>2" + kTrailer, 1, 2, "<STX>080020400111<ETX>", none},
-        {__LINE__, u"TYPE10008", kMitelCall + "25<FF>1" + kTrailer, 1, 2, "<STX>080020400221<ETX>", none},
-        {__LINE__, u"TYPE10016", kMitelCall + "25<FF>9" + kTrailer, 0, 1, none, "<STX>080020400331<ETX>"},
-        {__LINE__, u"TYPE10016", kMitelCall + "7<FF>1" + kTrailer, 0, 2, none, none},
-        {__LINE__, u"TYPE10014", "17<FF><FF>room<FF><FF>123456<FF><FF>25<FF>2" + kTrailer, 1, 2,
-         "<STX>080001700111<ETX>", none},  // the first field only when no other can be a room
-        {__LINE__, u"TYPE10014", "x<FF><FF>room<FF><FF>123456<FF><FF>25<FF>2" + kTrailer, 1, 2,
-         "<STX>080000000111<ETX>", none},
-        {__LINE__, u"TYPE10006", kMitelCall + "25<FF>2" + kTrailer, 0, 0, none, none},
-        // innovaphone: the number that a room has called.
-        {__LINE__, u"TYPE10012", "event=A:Rel&dst_cdpn=90&src_cgpn=101&", 1, 0, "<STX>080010100111<ETX>", none},
-        {__LINE__, u"TYPE10012", "event= A:Rel &src_cgpn= 101 &dst_cdpn= 93 &", 1, 0, "<STX>080010100221<ETX>", none},
-        {__LINE__, u"TYPE10012", "event=A:Rel&dst_cdpn=94&src_cgpn=1234567&", 1, 0, "<STX>081234500111<ETX>", none},
-        {__LINE__, u"TYPE10012", "event=A:Rel&dst_cdpn=90&src_cgpn=0&", 0, 0, none, none},
-        {__LINE__, u"TYPE10012", "event=A:Rel&dst_cdpn=90&src_cgpn=101", 0, 0, none, none},  // no "&" behind it
-        {__LINE__, u"TYPE10012", "event=B:Rel&dst_cdpn=90&src_cgpn=101&", 0, 0, none, none},
-        {__LINE__, u"TYPE10012", "event=A:Rel&dst_cdpn=&src_cgpn=101&", 0, 0, none, none},
-        {__LINE__, u"TYPE10012", "event=A:Rel&src_cgpn=101&", 0, 0, none, none},
+        {u"TYPE10014", kMitelCall + "25<FF>2" + kTrailer, 1, 2, kClean},
+        {u"TYPE10008", kMitelCall + "25<FF>1" + kTrailer, 1, 2, kNotClean},
+        {u"TYPE10016", kMitelCall + "25<FF>9" + kTrailer, 0, 1, "", kAlarm},
+        {u"TYPE10016", kMitelCall + "7<FF>1" + kTrailer, 0, 2},
+        {u"TYPE10006", kMitelCall + "25<FF>2" + kTrailer, 0, 0},
+        // The first field only when no other can be a room.
+        {u"TYPE10014", "17" + kNoRoom + "25<FF>2" + kTrailer, 1, 2, "<STX>080001700111<ETX>"},
+        {u"TYPE10014", "x" + kNoRoom + "25<FF>2" + kTrailer, 1, 2, "<STX>080000000111<ETX>"},
+        // innovaphone: the number that a room has called; "&" stands behind every value.
+        {u"TYPE10012", "event= A:Rel &src_cgpn= 204 &dst_cdpn= 90 &", 1, 0, kClean},
+        {u"TYPE10012", "event=A:Rel&dst_cdpn=91&src_cgpn=204&", 1, 0, kNotClean},
+        {u"TYPE10012", "event=A:Rel&dst_cdpn=92&src_cgpn=204&", 1, 0, kClean},
+        {u"TYPE10012", "event=A:Rel&dst_cdpn=93&src_cgpn=204&", 1, 0, kNotClean},
+        {u"TYPE10012", "event=A:Rel&dst_cdpn=94&src_cgpn=1234567&", 1, 0, "<STX>081234500111<ETX>"},
+        {u"TYPE10012", "event=A:Rel&dst_cdpn=95&src_cgpn=204&", 0, 1, "", kAlarm},
+        {u"TYPE10012", "event=A:Rel&dst_cdpn=90&src_cgpn=0&", 0, 0},
+        {u"TYPE10012", "event=A:Rel&dst_cdpn=90&src_cgpn=101", 0, 0},
+        {u"TYPE10012", "event=B:Rel&dst_cdpn=90&src_cgpn=101&", 0, 0},
+        {u"TYPE10012", "event=A:Rel&dst_cdpn=&src_cgpn=101&", 0, 0},
         // IP Office: the account code of an outgoing call.
-        {__LINE__, u"TYPE10017", "t,0,0,201,O,9,9,770011 ,0,1,0,E204,Room", 1, 0, "<STX>080020400111<ETX>", none},
-        {__LINE__, u"TYPE10017", "t,0,0,201,O,9,9,0022,0,1,0,T9003,Line", 1, 0, "<STX>080020100221<ETX>", none},
-        {__LINE__, u"TYPE10017", "t,0,0,201,I,9,9,0011,0,1,0,E204,Room", 0, 0, none, none},
+        {u"TYPE10017", "t,0,0,201,O,9,9,770011 ,0,1,0,E204,Room", 1, 0, kClean},
+        {u"TYPE10017", "t,0,0,204,O,9,9,0022,0,1,0,T9003,Line", 1, 0, kNotClean},
+        {u"TYPE10017", "t,0,0,201,I,9,9,0011,0,1,0,E204,Room", 0, 0},
         // Panasonic: words in any case; "not cleaned" wins over what stands beside it.
-        {__LINE__, u"TYPE10019", "31/01/24 07:30   204      not cleaned, cleaned up", 1, 0, "<STX>080020400221<ETX>",
-         none},
-        {__LINE__, u"TYPE10019", "31/01/24 07:30   204      ext776", 1, 0, "<STX>080020400111<ETX>", none},
-        {__LINE__, u"TYPE10019", "31/01/24 07:30   ABC      Alarm", 0, 1, none, "<STX>080000000331<ETX>"},
-        {__LINE__, u"TYPE10019", "31/01/24 07:30   204      EXT778 EXT777", 1, 1, "<STX>080020400221<ETX>",
-         "<STX>080020400331<ETX>"},
-        {__LINE__, u"TYPE10018", "31/01/24 07:30   204      Cleaned up", 0, 0, none, none},
+        {u"TYPE10019", "31/01/24 07:30   204      not cleaned, cleaned up", 1, 0, kNotClean},
+        {u"TYPE10019", "31/01/24 07:30   204      ext776", 1, 0, kClean},
+        {u"TYPE10019", "31/01/24 07:30   ABC      Alarm", 0, 1, "", "<STX>080000000331<ETX>"},
+        {u"TYPE10019", "31/01/24 07:30   204      EXT778 EXT777", 1, 1, kNotClean, kAlarm},
+        {u"TYPE10018", "31/01/24 07:30   204      Cleaned up", 0, 0},
         // Grandstream: what the maid dialled behind the feature code.
-        {__LINE__, u"TYPE10020", MaidRecord("*3511"), 1, 0, "<STX>080100100111<ETX>", none},
-        {__LINE__, u"TYPE10020", MaidRecord("*3533"), 0, 1, none, "<STX>080100100331<ETX>"},
-        {__LINE__, u"TYPE10020", MaidRecord("*3544"), 0, 0, none, none},
-        {__LINE__, u"TYPE10020", "7,,1001,*3511,pms-status,c,d,,ReadExten", 0, 0, none, none},  // no quotes
-        {__LINE__, u"TYPE10020", "'7','','1','*3511','from-internal','c','d','','ReadExten'", 0, 0, none, none},
+        {u"TYPE10020", MaidRecord("*3511"), 1, 0, kClean},
+        {u"TYPE10020", MaidRecord("*3533"), 0, 1, "", kAlarm},
+        {u"TYPE10020", MaidRecord("*3544"), 0, 0},
+        {u"TYPE10020", "7,,204,*3511,pms-status,c,d,,ReadExten", 0, 0},  // no quotes
+        {u"TYPE10020", "'7','','204','*3511','from-internal','c','d','','ReadExten'", 0, 0},
         // FIAS
-        {__LINE__, u"TYPE12000", "<STX>RE|RN2781|RS3|<ETX>", 1, 0, "<STX>080278100111<ETX>", none},
-        {__LINE__, u"TYPE12000", "<STX>RE|RN2781|RS1|RS5|<ETX>", 1, 1, "<STX>080278100221<ETX>",
-         "<STX>080278100331<ETX>"},
-        {__LINE__, u"TYPE12000", "<STX>RE|RS1|RNSuite 7|RS3|<ETX>", 1, 0, "<STX>080000000111<ETX>", none},
-        {__LINE__, u"TYPE12000", "<STX>RE|RN1234567|RS5|<ETX>", 0, 1, none, "<STX>083456700331<ETX>"},
-        {__LINE__, u"TYPE12000", "<STX>RE|RS3|RN12<ETX>", 1, 0, "<STX>080000000111<ETX>", none},  // RN is not closed
-        {__LINE__, u"TYPE12000", "<STX>RE|RN2781|RS10|<ETX>", 0, 0, none, none},
-        {__LINE__, u"TYPE12000", "RE|RN2781|RS3|<ETX>", 0, 0, none, none},
-        {__LINE__, u"TYPE12000", "<STX>RE|RN2781|RS3|<ETX>k", 0, 0, none, none},
+        {u"TYPE12000", "<STX>RE|RN2781|RS1|RS5|<ETX>", 1, 1, "<STX>080278100221<ETX>", "<STX>080278100331<ETX>"},
+        {u"TYPE12000", "<STX>RE|RS1|RNSuite 7|RS3|<ETX>", 1, 0, "<STX>080000000111<ETX>"},
+        {u"TYPE12000", "<STX>RE|RN1234567|RS5|<ETX>", 0, 1, "", "<STX>083456700331<ETX>"},
+        {u"TYPE12000", "<STX>RE|RS3|RN12<ETX>", 1, 0, "<STX>080000000111<ETX>"},  // RN is not closed
+        {u"TYPE12000", "<STX>RE|RN2781|RS10|<ETX>", 0, 0},
+        {u"TYPE12000", "RE|RN2781|RS3|<ETX>", 0, 0},
+        {u"TYPE12000", "<STX>RE|RN2781|RS3|<ETX>k", 0, 0},
         // Codes are upper-cased; an unknown one is 1 for both questions and "" for both forms.
-        {__LINE__, u"type12000", "<STX>RE|RN2781|RS3|<ETX>", 1, 0, "<STX>080278100111<ETX>", none},
-        {__LINE__, u"TYPE99999", "<STX>RE|RN2781|RS3|<ETX>", 1, 1, none, none},
+        {u"type12000", "<STX>RE|RN204|RS3|<ETX>", 1, 0, kClean},
+        {u"TYPE99999", "<STX>RE|RN204|RS3|<ETX>", 1, 1},
     };
-    const Settings settings = HotelSettings();
     FakeMessage message;
     for (const auto& row : rows) {
-        SCOPED_TRACE(row.line);
+        SCOPED_TRACE(Shown(row.type) + " " + row.frame);
         const std::u16string frame = Raw(row.frame);
-        EXPECT_EQ(Ask(GetComIsRoomState, row.type, frame, settings), row.is_state);
-        EXPECT_EQ(Ask(GetComIsRoomAlarm, row.type, frame, settings), row.is_alarm);
-        EXPECT_EQ(Shown(Ask(GetComConvertRoomStateRX, row.type, frame, settings, message)), row.state);
-        EXPECT_EQ(Shown(Ask(GetComConvertRoomAlarmRX, row.type, frame, settings, message)), row.alarm);
+        EXPECT_EQ(Ask(GetComIsRoomState, row.type, frame, kSettings), row.is_state);
+        EXPECT_EQ(Ask(GetComIsRoomAlarm, row.type, frame, kSettings), row.is_alarm);
+        EXPECT_EQ(Shown(Ask(GetComConvertRoomStateRX, row.type, frame, kSettings, message)), row.state);
+        EXPECT_EQ(Shown(Ask(GetComConvertRoomAlarmRX, row.type, frame, kSettings, message)), row.alarm);
     }
     EXPECT_EQ(message.texts, (std::vector<std::u16string>{u"GetComConvertRoomStateRX: FATAL ERROR !",
                                                           u"GetComConvertRoomAlarmRX: FATAL ERROR !"}))
         << "the conversions report an unknown code, the questions do not";
-}
-
-TEST(RoomEvents, EveryInnovaphoneSettingHasItsStateAndAnEmptyOneNone) {
-    const Settings settings = HotelSettings();
-    FakeMessage message;
-    std::string states;
-    for (const char16_t last : {u'0', u'1', u'2', u'3', u'4'}) {
-        const std::u16string frame = std::u16string(u"event=A:Rel&dst_cdpn=9") + last + u"&src_cgpn=7&";
-        states += Shown(Ask(GetComConvertRoomStateRX, u"TYPE10012", frame, settings, message)).substr(12, 4) + " ";
-    }
-    EXPECT_EQ(states, "0011 0022 0011 0022 0011 ");
-    EXPECT_EQ(Ask(GetComIsRoomState, u"TYPE10012", u"event=A:Rel&dst_cdpn=&src_cgpn=101&", Settings()), 0);
+    EXPECT_EQ(Ask(GetComIsRoomState, u"TYPE10012", u"event=A:Rel&dst_cdpn=&src_cgpn=101&", Settings()), 0)
+        << "an empty setting has no state";
 }
 
 TEST(WakeUpConfirmation, IsRecognisedAndConvertedAsEachModelSendsIt) {
-    const std::string none;
     const std::string panasonic = "31/01/24 07:30   204      ";
     const struct {
-        int line;
         std::u16string_view type;
         std::string frame;
         int kind;
-        std::string converted;
+        std::string converted = "";
     } rows[] = {
         // Avaya Integral: exactly ten characters.
-        {__LINE__, u"TYPE10001", "<STX>07001231<ETX>", 1, "<STX>07001231<ETX>"},
-        {__LINE__, u"TYPE10007", "<STX>08001231<ETX>", 0, none},
+        {u"TYPE10001", "<STX>07001231<ETX>", 1, "<STX>07001231<ETX>"},
+        {u"TYPE10007", "<STX>08001231<ETX>", 0},
         // Mitel: three codes know only the second kind, one both, three only the first.
-        {__LINE__, u"TYPE10004", kMitelCall + "7<FF>1" + kTrailer, 2, none},
-        {__LINE__, u"TYPE10015", kTrailer, 2, none},
-        {__LINE__, u"TYPE10005", kMitelCall + "7<FF>1" + kTrailer, 0, none},
-        {__LINE__, u"TYPE10006", kMitelCall + "7<FF>1" + kTrailer, 1, "<STX>07002041<ETX>"},
-        {__LINE__, u"TYPE10006", kMitelCall + "3<FF>1" + kTrailer, 2, none},
-        {__LINE__, u"TYPE10014", kMitelCall + "7<FF>1" + kTrailer, 1, "<STX>07002041<ETX>"},
-        {__LINE__, u"TYPE10016", kMitelCall + "7<FF>1<CR><LF>", 0, none},
+        {u"TYPE10004", kMitelCall + "7<FF>1" + kTrailer, 2},
+        {u"TYPE10015", kTrailer, 2},
+        {u"TYPE10005", kMitelCall + "7<FF>1" + kTrailer, 0},
+        {u"TYPE10006", kMitelCall + "7<FF>1" + kTrailer, 1, "<STX>07002041<ETX>"},
+        {u"TYPE10006", kMitelCall + "3<FF>1" + kTrailer, 2},
+        {u"TYPE10014", kMitelCall + "7<FF>1" + kTrailer, 1, "<STX>07002041<ETX>"},
+        {u"TYPE10016", kMitelCall + "7<FF>1<CR><LF>", 0},
         // innovaphone: the event log of the wake-up endpoint.
-        {__LINE__, u"TYPE10012", WakeUpEvent("101", "conn-from"), 1, "<STX>07001011<ETX>"},
-        {__LINE__, u"TYPE10012", WakeUpEvent(" 101 ", "rel-to"), 1, "<STX>07001012<ETX>"},
-        {__LINE__, u"TYPE10012", WakeUpEvent("101", "setup-from"), 0, none},
-        {__LINE__, u"TYPE10012", WakeUpEvent("0101", "conn-from"), 0, none},
-        {__LINE__, u"TYPE10012", WakeUpEvent("299", "conn-from"), 0, none},  // the fallback extension
-        {__LINE__, u"TYPE10012", WakeUpEvent("desk", "conn-from"), 0, none},
-        {__LINE__, u"TYPE10012", R"(h323="x" e164="5" type="ext" <event msg="conn-from")", 0, none},
-        {__LINE__, u"TYPE10012", R"(h323="x" h323="Hotel e164="5" type="ext" <event msg="conn-from")", 1,
+        {u"TYPE10012", WakeUpEvent("101", "conn-from"), 1, "<STX>07001011<ETX>"},
+        {u"TYPE10012", WakeUpEvent(" 101 ", "rel-to"), 1, "<STX>07001012<ETX>"},
+        {u"TYPE10012", WakeUpEvent("101", "setup-from"), 0},
+        {u"TYPE10012", WakeUpEvent("0101", "conn-from"), 0},
+        {u"TYPE10012", WakeUpEvent("299", "conn-from"), 0},  // the fallback extension
+        {u"TYPE10012", WakeUpEvent("desk", "conn-from"), 0},
+        {u"TYPE10012", R"(h323="x" e164="5" type="ext" <event msg="conn-from")", 0},
+        {u"TYPE10012", R"(h323="x" h323="Hotel e164="5" type="ext" <event msg="conn-from")", 1,
          "<STX>07000051<ETX>"},  // the second endpoint is the one
         // Panasonic: the start is of the second kind.
-        {__LINE__, u"TYPE10019", panasonic + "Timed reminder/Start", 2, "<STX>07002040<ETX>"},
-        {__LINE__, u"TYPE10019", panasonic + "Timed reminder/Answer", 1, "<STX>07002041<ETX>"},
-        {__LINE__, u"TYPE10019", panasonic + "timed reminder/no answer", 1, "<STX>07002042<ETX>"},
-        {__LINE__, u"TYPE10019", panasonic + "Timed Reminder/Start Timed Reminder/Answer Timed Reminder/No Answer", 1,
+        {u"TYPE10019", panasonic + "Timed reminder/Start", 2, "<STX>07002040<ETX>"},
+        {u"TYPE10019", panasonic + "Timed reminder/Answer", 1, "<STX>07002041<ETX>"},
+        {u"TYPE10019", panasonic + "timed reminder/no answer", 1, "<STX>07002042<ETX>"},
+        {u"TYPE10019", panasonic + "Timed Reminder/Start Timed Reminder/Answer Timed Reminder/No Answer", 1,
          "<STX>07002042<ETX>"},
         // Grandstream: fields are split at every comma, also at those in the quoted argument of the call.
-        {__LINE__, u"TYPE10020", WakeUpRecord("'1002'", "'ANSWERED'"), 1, "<STX>07010021<ETX>"},
-        {__LINE__, u"TYPE10020", WakeUpRecord("'1002'", "'no answer'"), 1, "<STX>07010022<ETX>"},
-        {__LINE__, u"TYPE10020", WakeUpRecord("'s'", "'BUSY'"), 1, "<STX>07002032<ETX>"},
-        {__LINE__, u"TYPE10020", WakeUpRecord("'1002'", "'FAILED'"), 0, none},
-        {__LINE__, u"TYPE10020", MaidRecord("*3511"), 0, none},
+        {u"TYPE10020", WakeUpRecord("'1002'", "'ANSWERED'"), 1, "<STX>07010021<ETX>"},
+        {u"TYPE10020", WakeUpRecord("'1002'", "'no answer'"), 1, "<STX>07010022<ETX>"},
+        {u"TYPE10020", WakeUpRecord("'s'", "'BUSY'"), 1, "<STX>07002032<ETX>"},
+        {u"TYPE10020", WakeUpRecord("'1002'", "'FAILED'"), 0},
+        {u"TYPE10020", MaidRecord("*3511"), 0},
         // FIAS
-        {__LINE__, u"TYPE12000", "<STX>WA|RN330|DA260709|TI115700|ASOK|<ETX>", 1, "<STX>07003301<ETX>"},
-        {__LINE__, u"TYPE12000", "<STX>WA|RN330|ASRY|<ETX>", 1, "<STX>07003300<ETX>"},
-        {__LINE__, u"TYPE12000", "<STX>WA|RN330|ASOK<ETX>", 1, "<STX>07003302<ETX>"},  // the status is not closed
-        {__LINE__, u"TYPE12000", "<STX>WA|ASOK|<ETX>", 1, "<STX>07000001<ETX>"},
-        {__LINE__, u"TYPE12000", "<STX>WR|RN330|ASOK|<ETX>", 0, none},
-        {__LINE__, u"TYPE99999", "<STX>07001231<ETX>", 1, none},
+        {u"TYPE12000", "<STX>WA|RN330|DA260709|TI115700|ASOK|<ETX>", 1, "<STX>07003301<ETX>"},
+        {u"TYPE12000", "<STX>WA|RN330|ASRY|<ETX>", 1, "<STX>07003300<ETX>"},
+        {u"TYPE12000", "<STX>WA|RN330|ASOK<ETX>", 1, "<STX>07003302<ETX>"},  // the status is not closed
+        {u"TYPE12000", "<STX>WA|ASOK|<ETX>", 1, "<STX>07000001<ETX>"},
+        {u"TYPE12000", "<STX>WR|RN330|ASOK|<ETX>", 0},
+        {u"TYPE99999", "<STX>07001231<ETX>", 1},
     };
-    const Settings settings = HotelSettings();
     FakeMessage message;
     for (const auto& row : rows) {
-        SCOPED_TRACE(row.line);
+        SCOPED_TRACE(Shown(row.type) + " " + row.frame);
         const std::u16string frame = Raw(row.frame);
-        EXPECT_EQ(Ask(GetComIsConfirmClock, row.type, frame, settings), row.kind);
-        EXPECT_EQ(Shown(Ask(GetComConvertConfirmClockRX, row.type, frame, settings, message)), row.converted);
+        EXPECT_EQ(Ask(GetComIsConfirmClock, row.type, frame, kSettings), row.kind);
+        EXPECT_EQ(Shown(Ask(GetComConvertConfirmClockRX, row.type, frame, kSettings, message)), row.converted);
     }
     EXPECT_EQ(message.texts, std::vector<std::u16string>{u"GetComConvertConfirmClockRX: FATAL ERROR !"});
 }
 
 TEST(SetClock, IsRecognisedByLengthAndRecordType) {
     const struct {
-        int line;
         std::u16string_view type;
         const char* frame;
         int kind;
+    } rows[] = {{u"TYPE10001", "<STX>080012307301<ETX>", 1}, {u"TYPE10002", "<STX>080012300221<ETX>", 0},
+                {u"TYPE10007", "<STX>08001230033x<ETX>", 0}, {u"TYPE10001", "<STX>0800123073012<ETX>", 0},
+                {u"TYPE10001", "<STX>070012307301<ETX>", 0}, {u"TYPE10003", "<STX>080012307301<ETX>", 0},
+                {u"TYPE12000", "<STX>WR|RN1|<ETX>", 1},      {u"TYPE12000", "<STX>WC|RN1|ST1<ETX>", 1},
+                {u"TYPE12000", "<STX>WA|RN1|ASOK|<ETX>", 0}, {u"TYPE12000", "<STX>RE|WR|<ETX>", 0},
+                {u"TYPE12000", "<STX>WR|RN1|<ETX><CR>", 0},  {u"TYPE99999", "", 1}};
+    for (const auto& row : rows) EXPECT_EQ(Ask(GetComIsSetClock, row.type, Raw(row.frame)), row.kind) << row.frame;
+}
+
+constexpr DateTime At(int year, int month, int day, int hour, int minute) {
+    return {.year = year, .month = month, .day = day, .hour = hour, .minute = minute, .second = 30};
+}
+constexpr DateTime kNoon = At(2026, 11, 15, 12, 0);
+
+TEST(SetClock, IsConvertedForTheHostWithADate) {
+    const struct {
+        std::u16string_view type;
+        DateTime now;
+        const char *frame, *converted;  // with "~" for the fourteen blanks
     } rows[] = {
-        {__LINE__, u"TYPE10001", "<STX>080012307301<ETX>", 1}, {__LINE__, u"TYPE10002", "<STX>080012300221<ETX>", 0},
-        {__LINE__, u"TYPE10007", "<STX>08001230033x<ETX>", 0}, {__LINE__, u"TYPE10001", "<STX>0800123073012<ETX>", 0},
-        {__LINE__, u"TYPE10001", "<STX>070012307301<ETX>", 0}, {__LINE__, u"TYPE10003", "<STX>080012307301<ETX>", 0},
-        {__LINE__, u"TYPE12000", "<STX>WR|RN1|<ETX>", 1},      {__LINE__, u"TYPE12000", "<STX>WC|RN1|ST1<ETX>", 1},
-        {__LINE__, u"TYPE12000", "<STX>WA|RN1|ASOK|<ETX>", 0}, {__LINE__, u"TYPE12000", "<STX>RE|WR|<ETX>", 0},
-        {__LINE__, u"TYPE12000", "<STX>WR|RN1|<ETX><CR>", 0},  {__LINE__, u"TYPE99999", "", 1},
+        // Avaya Integral: the next time that the clock shows it.
+        {u"TYPE10001", At(2026, 11, 15, 7, 30), "<STX>080012307301<ETX>", "<STX>0800123107301511~<ETX>"},
+        {u"TYPE10002", At(2026, 11, 15, 7, 31), "<STX>080012307301<ETX>", "<STX>0800123107301611~<ETX>"},
+        {u"type10007", At(2026, 12, 31, 22, 0), "<STX>080012306301<ETX>", "<STX>0800123106300101~<ETX>"},
+        {u"TYPE10001", At(2028, 2, 28, 9, 0), "<STX>080012307301<ETX>", "<STX>0800123107302902~<ETX>"},
+        {u"TYPE10001", At(2028, 2, 29, 9, 0), "<STX>080012307301<ETX>", "<STX>0800123107300103~<ETX>"},
+        {u"TYPE10001", At(2026, 2, 28, 9, 0), "<STX>080012307301<ETX>", "<STX>0800123107300103~<ETX>"},
+        // Cleared, another mode, no such time: no date, and the filler moves left.
+        {u"TYPE10001", kNoon, "<STX>080012307302<ETX>", "<STX>080012320730----~<ETX>"},
+        {u"TYPE10001", kNoon, "<STX>080012307303<ETX>", "<STX>080012330730~<ETX>"},
+        {u"TYPE10001", kNoon, "<STX>0800123073x1<ETX>", "<STX>08001231073x~<ETX>"},
+        {u"TYPE10001", kNoon, "", "<STX>~<ETX>"},
+        // FIAS
+        {u"TYPE12000", kNoon, "<STX>WR|RN123|DA261115|TI073000|<ETX>", "<STX>0800123107301511~<ETX>"},
+        {u"TYPE12000", kNoon, "<STX>WC|TI073000|DA261115|RN123|<ETX>", "<STX>0800123207301511~<ETX>"},
+        {u"TYPE12000", kNoon, "<STX>WR|RN123|TI073000|<ETX>", "<STX>080012310730----~<ETX>"},
+        {u"TYPE12000", kNoon, "<STX>WR|RN123|DA261115|<ETX>", "<STX>08001231XXXX1511~<ETX>"},
+        {u"TYPE12000", kNoon, "<STX>WR|RN0330|WC|DA261115|TI073000|<ETX>",
+         "<STX>0800330207301511~<ETX>"},  // the later test
+        // The room: a number, "00000" without one, left out when it does not fit.
+        {u"TYPE12000", kNoon, "<STX>WR|DA261115|TI073000|<ETX>", "<STX>0800000107301511~<ETX>"},
+        {u"TYPE12000", kNoon, "<STX>WR|RN123456|DA261115|TI073000|<ETX>", "<STX>08107301511~<ETX>"},
+        // A last field that no "|" follows.
+        {u"TYPE12000", kNoon, "<STX>WR|RN123|DA261115|TI073000<ETX>", "<STX>080012311511~<ETX>"},
+        {u"TYPE12000", kNoon, "<STX>WR|TI073000|RN123|DA261115<ETX>", "<STX>080012310730~<ETX>"},
+        // Cleared without a date: the next time at which the minutes are the hours (now it is 12:00).
+        {u"TYPE12000", kNoon, "<STX>WC|RN123|TI301100|<ETX>", "<STX>0800123230111611~<ETX>"},
+        {u"TYPE12000", kNoon, "<STX>WC|RN123|TI301300|<ETX>", "<STX>0800123230131511~<ETX>"},
+        {u"TYPE12000", kNoon, "<STX>WC|RN123|TI073000|<ETX>", "<STX>080012320730~<ETX>"},
+        {u"TYPE12000", kNoon, "<STX>WC|RN0330|ST1<ETX>", "<STX>08003302XXXX~<ETX>"},
+        {u"TYPE12000", kNoon, "", "<STX>00000XXXX~<ETX>"},
+        {u"TYPE10015", kNoon, "<STX>080012307301<ETX>", ""},
+        {u"TYPE99999", kNoon, "<STX>080012307301<ETX>", ""},
     };
-    for (const auto& row : rows)
-        EXPECT_EQ(Ask(GetComIsSetClock, row.type, Raw(row.frame)), row.kind) << "line " << row.line;
+    const std::string filler(14, ' ');
+    FakeMessage message;
+    for (const auto& row : rows) {
+        testing::FakeClock clock;
+        clock.now = row.now;
+        std::string shown = Shown(Ask(GetComConvertSetClockRX, row.type, Raw(row.frame), clock, message));
+        if (const std::size_t at = shown.find(filler); at != std::string::npos) shown.replace(at, filler.size(), "~");
+        EXPECT_EQ(shown, row.converted) << row.frame;
+    }
+    EXPECT_EQ(message.texts, std::vector<std::u16string>{u"GetComConvertSetClockRX: FATAL ERROR !"});
 }
 
 TEST(Recognition, TakesNothingFromTheHeap) {
-    const Settings settings = HotelSettings();
     std::vector<std::u16string> frames{std::u16string(100'000, u'\u0416')};  // and a frame of every kind
     for (const std::string& frame :
          {std::string("<STX>080012300111<ETX>"), kMitelCall + "25<FF>2" + kTrailer, MaidRecord("*3544"),
@@ -238,15 +276,14 @@ TEST(Recognition, TakesNothingFromTheHeap) {
           std::string("t,0,0,201,O,9,9,770011,0,1,0,E204,Room"), WakeUpRecord("'1002'", "'FAILED'"),
           std::string("31/01/24 07:30   204      timed reminder/cleaned"), std::string("<STX>WA|RN330|ASOK|<ETX>")})
         frames.push_back(Raw(frame));
-    std::u16string code(9, u' ');
     for (std::size_t i = 0; i < server::kModelCount; ++i) {
         const std::u16string_view known = server::ModelCode(static_cast<server::Model>(i));
         for (const std::u16string& frame : frames) {
-            code = known;
+            std::u16string code(known);
             const std::size_t before = testing::Allocations();
-            GetComIsRoomState(TypeCode(code), frame, settings);
-            GetComIsRoomAlarm(TypeCode(code), frame, settings);
-            GetComIsConfirmClock(TypeCode(code), frame, settings);
+            GetComIsRoomState(TypeCode(code), frame, kSettings);
+            GetComIsRoomAlarm(TypeCode(code), frame, kSettings);
+            GetComIsConfirmClock(TypeCode(code), frame, kSettings);
             GetComIsSetClock(TypeCode(code), frame);
             EXPECT_EQ(testing::Allocations(), before) << Shown(known) << " " << Shown(frame.substr(0, 60));
         }

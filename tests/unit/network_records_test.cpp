@@ -1,59 +1,36 @@
 // The converters of innovaphone, Grandstream and Wildix, and the readers of their records.
 #include <gtest/gtest.h>
 
-#include <filesystem>
-#include <fstream>
 #include <map>
 #include <string>
-#include <vector>
 
-#include "cdr/convert.h"
-#include "cdr/date_time.h"
+#include "call_records.h"
 #include "cdr/innovaphone_keys.h"
 #include "cdr/quoted_fields.h"
-#include "fakes.h"
-#include "printing.h"
 
 namespace vintrel::cdr {
 namespace {
 
+using testing::Link;
 using testing::Shown;
 
-using Fields = std::vector<GdvField>;
-const Fields kAll{kLine,  kUser,  kNumber, kUserCode, kType,      kDurationS, kDateD,
-                  kDateM, kDateY, kTimeH,  kTimeM,    kPTYNumber, kMacAddress};
-
-/// The fields with blanks between them ("-" for a blank field), or what became of the record instead.
-std::string Summary(std::u16string_view gdv, const Fields& fields) {
-    if (gdv == u"\x10") return "rejected";
-    if (gdv.size() != 87) return "length " + std::to_string(gdv.size());
-    EXPECT_EQ(Shown(server::Mid(gdv, kSpare.start + 1, 2)), "00") << "spare and Info";
-    EXPECT_EQ(Shown(server::Mid(gdv, kUnity.start + 1, 4)), "0000");
-    std::string summary;
-    for (const GdvField field : fields) {
-        const auto value = server::Trim(server::Mid(gdv, field.start + 1, field.length));
-        const bool joined = field.length == 2 && field.start != kDateD.start && field.start != kTimeH.start;
-        summary += (summary.empty() || joined ? "" : " ") + (value.empty() ? "-" : Shown(value));
-    }
-    return summary;
+/// "length 77" for a record with a field that did not fit.
+std::string Convert(Link& link, std::u16string_view raw) {
+    const std::u16string record = link.Raw(raw);
+    EXPECT_EQ(Shown(link.caller_text), Shown(raw));
+    const bool is_short = record != u"\x10" && record.size() != 87;
+    return is_short ? "length " + std::to_string(record.size()) : testing::Fields(record);
+}
+std::string Convert(std::u16string_view type, std::u16string_view raw) {
+    Link link(type);
+    return Convert(link, raw);
 }
 
-struct Exchange {
-    explicit Exchange(std::u16string_view code) : type(code) {}
-
-    std::string Convert(std::u16string_view raw, const Fields& fields = kAll) {
-        server::InOutText record(raw);
-        const GdvRecord gdv = GetComConvertStringRX(type, record, state, settings, clock, message);
-        EXPECT_FALSE(record.Replaced());
-        return Summary(gdv, fields);
-    }
-
-    std::u16string_view type;
-    CallRecordState state;
-    server::Settings settings;
-    testing::FakeClock clock;
-    testing::FakeMessage message;
-};
+/// A call of an exchange that reports when it began, from its line, user and number.
+std::string Call(const std::string& parties, char type, const std::string& seconds = "00060",
+                 const std::string& pty = "-") {
+    return parties + " 0000 0/0/" + type + " 0000 " + seconds + " 15.06.26 09:10 " + pty;
+}
 
 TEST(QuotedFields, SplitsWhereTheQuotesSay) {
     constexpr QuoteStyle kSingle{u'\'', false};
@@ -84,11 +61,7 @@ TEST(QuotedFields, SplitsWhereTheQuotesSay) {
 
 TEST(InnovaphoneKeys, AKeyCountsAtTheStartAndBehindAmpersandOrBlank) {
     using Key = InnovaphoneKey;
-    const struct {
-        const char16_t* record;
-        Key key;
-        std::string value;
-    } rows[] = {
+    const std::tuple<const char16_t*, Key, std::string> rows[] = {
         {u"event=A:Rel&ref=1", Key::Event, "A:Rel"},
         {u"<14>Jan 1 box event=A:Rel&ref=1", Key::Event, "A:Rel"},
         {u"dst_name=x;src_cdpn=7&src_cdpn=8", Key::SrcCdpn, "8"},
@@ -99,7 +72,8 @@ TEST(InnovaphoneKeys, AKeyCountsAtTheStartAndBehindAmpersandOrBlank) {
         {u"src_cgpn=+++", Key::SrcCgpn, ""},
         {u"src_cgpn&=1&ref", Key::SrcCgpn, ""},
     };
-    for (const auto& row : rows) EXPECT_EQ(Shown(InnovaphoneKeys(row.record)[row.key]), row.value) << Shown(row.record);
+    for (const auto& [record, key, value] : rows)
+        EXPECT_EQ(Shown(InnovaphoneKeys(record)[key]), value) << Shown(record);
 }
 
 const std::u16string kTimes = u"&connect_time=1781514009&disc_time=1781514084&srv_id=02-00-5e-10-20-30\r\n";
@@ -107,33 +81,29 @@ const std::u16string kIn = u"event=A:Rel&date=20260615-090125&ref=77&src_if=TEL1
 const std::u16string kOut = u"event=A:Rel&date=20260615-090125&ref=77&src_if=GW1&dst_if=TEL1";
 
 TEST(Innovaphone, PartiesDirectionAndTimesOfALeg) {
-    const std::string when = " 150626 1100 ";  // 09:00 UTC
-    const struct {
-        std::u16string record;
-        std::string summary;
-    } rows[] = {
+    const std::string when = " 0000 00075 15.06.26 11:00 ";  // 09:00 UTC
+    const std::string unanswered = " 0000 0/0/7 0000 00000 15.06.26 11:01 -";
+    const std::pair<std::u16string, std::string> rows[] = {
         {kIn + u"&src_cgpn=016&src_cdpn=101&dst_cdpn=101" + kTimes,
-         "00051 00101 016 0000 0 00075" + when + "- 02-00-5e-10-20-30"},
-        {kIn + u"&src_cgpn=016&src_cdpn=10&dst_cdpn=0123" + kTimes,
-         "00051 00123 016 0000 0 00075" + when + "10 02-00-5e-10-20-30"},
+         "00051 00101 016 0000 0/0/0" + when + "- 02-00-5e-10-20-30"},
         {kIn + u"&src_cgpn=016&src_cdpn=00&dst_cdpn=0077" + kTimes + u"&x",
-         "00051 00077 016 0000 0 00075" + when + "00 02-00-5e-10-20-30"},
+         "00051 00077 016 0000 0/0/0" + when + "00 02-00-5e-10-20-30"},
         {kIn + u"&src_cgpn=+16+9&src_cdpn=000&dst_cdpn=01234567890123456+7" + kTimes,
-         "00051 09999 16 9 0000 0 00075" + when + "0123456789012345 02-00-5e-10-20-30"},
-        {kIn + u"&src_cdpn=101", "00051 00101 - 0000 7 00000 150626 1101 - -"},
-        {kIn + u"&src_cdpn=101&connect_time=0&disc_time=5", "00051 00101 - 0000 7 00000 150626 1101 - -"},
-        {kIn + u"&src_cdpn=101&connect_time=1781514009", "00051 00101 - 0000 0 00000" + when + "- -"},
+         "00051 09999 16 9 0000 0/0/0" + when + "0123456789012345 02-00-5e-10-20-30"},
+        {kIn + u"&src_cdpn=101&connect_time=0&disc_time=5", "00051 00101 -" + unanswered},
+        {kIn + u"&src_cdpn=101&connect_time=1781514009", "00051 00101 - 0000 0/0/0 0000 00000 15.06.26 11:00 -"},
         {kIn + u"&src_cdpn=101&connect_time=1781514009&disc_time=1791514009",
-         "00051 00101 - 0000 0 99999" + when + "- -"},
-        {u"event=A:Rel&date=20261340-256199&src_if=TEL1&dst_if=GW1", "00051 09999 - 0000 7 00000 401326 2561 - -"},
+         "00051 00101 - 0000 0/0/0 0000 99999 15.06.26 11:00 -"},
+        {u"event=A:Rel&date=20261340-256199&src_if=TEL1&dst_if=GW1",
+         "00051 09999 - 0000 0/0/7 0000 00000 40.13.26 25:61 -"},
         {kIn + u"&src_cdpn=101&srv_id=02-00-5e-10-20-30-40", "length 70"},
         {u"event=A:Rel&date=today&src_if=TEL1&dst_if=GW1", "length 77"},
-        {u"event=a:rel" + kIn.substr(11) + u"&src_cdpn=5", "00051 00005 - 0000 7 00000 150626 1101 - -"},
-        {kOut + u"&src_cgpn=104&dst_cdpn=077" + kTimes, "00051 00104 077 0000 1 00075" + when + "- 02-00-5e-10-20-30"},
-        {kOut + u"&src_cgpn=0016&src_dgpn=105&src_cdpn=077" + kTimes,
-         "00051 00105 077 0000 3 00075" + when + "0016 02-00-5e-10-20-30"},
-        {kOut + u"&src_cgpn=001632960&dst_cgpn=10&dst_cdpn=077" + kTimes,
-         "00051 00010 077 0000 1 00075" + when + "001632960 02-00-5e-10-20-30"},
+        {u"event=a:rel" + kIn.substr(11) + u"&src_cdpn=5", "00051 00005 -" + unanswered},
+        {kOut + u"&src_cgpn=104&dst_cdpn=077&srv_id=1" + kTimes, "00051 00104 077 0000 0/0/1" + when + "- 1"},
+        {kOut + u"&src_cgpn=0016&src_dgpn=105&src_cdpn=077&srv_id=1" + kTimes,
+         "00051 00105 077 0000 0/0/3" + when + "0016 1"},
+        {kOut + u"&src_cgpn=001632960&dst_cgpn=10&dst_cdpn=077&srv_id=1" + kTimes,
+         "00051 00010 077 0000 0/0/1" + when + "001632960 1"},
         {kOut + u"&src_cgpn=104&dst_cdpn=077&disc_time=9", "rejected"},
         {kIn + u"</cdr>" + kTimes, "rejected"},
         {u"log STARTED&" + kIn + kTimes, "rejected"},
@@ -144,198 +114,163 @@ TEST(Innovaphone, PartiesDirectionAndTimesOfALeg) {
         {u"event=A:Rel&src_if=TEL1" + kTimes, "rejected"},
         {u"event=A:Rel&src_if=GW1&dst_if=GW2" + kTimes, "rejected"},
     };
-    for (const auto& row : rows)
-        EXPECT_EQ(Exchange(u"TYPE10012").Convert(row.record), row.summary) << Shown(row.record);
+    for (const auto& [record, fields] : rows) EXPECT_EQ(Convert(u"TYPE10012", record), fields) << Shown(record);
+}
+
+/// The type of the call, or what became of the record instead.
+std::string TypeOf(Link& link, const std::u16string& record) {
+    const std::u16string converted = link.Raw(record);
+    return converted.size() == 87 ? Shown(converted.substr(33, 1)) : Shown(converted);
 }
 
 TEST(Innovaphone, AConfiguredInterfaceDecidesAloneAndShutsOutAllOthers) {
-    Exchange exchange(u"TYPE10012");
-    exchange.settings.CallIncomingSrcIf = u"SIP3";
-    exchange.settings.CallOutgoingDstIf = u"PRI";
-    const std::u16string parties = u"&src_cgpn=104&src_cdpn=077&dst_cdpn=077" + kTimes;
+    Link link(u"TYPE10012");
+    link.settings.CallIncomingSrcIf = u"SIP3";
+    link.settings.CallOutgoingDstIf = u"PRI";
     const auto type_of = [&](const char16_t* interfaces) {
-        return exchange.Convert(u"event=A:Rel" + (interfaces + parties), {kType});
+        return TypeOf(link, u"event=A:Rel&src_cgpn=104&src_cdpn=077&dst_cdpn=077" + (interfaces + kTimes));
     };
     EXPECT_EQ(type_of(u"&src_if=sip31&dst_if=GW1"), "0");
     EXPECT_EQ(type_of(u"&src_if=GW1&dst_if=PRI2"), "1");
-    EXPECT_EQ(type_of(u"&src_if=TEL1&dst_if=GW1"), "rejected");
-    exchange.settings.CallIncomingDstIf = u"GW2";
-    EXPECT_EQ(type_of(u"&src_if=SIP3&dst_if=GW1"), "rejected") << "both ends are configured";
+    EXPECT_EQ(type_of(u"&src_if=TEL1&dst_if=GW1"), "<DLE>");
+    link.settings.CallIncomingDstIf = u"GW2";
+    EXPECT_EQ(type_of(u"&src_if=SIP3&dst_if=GW1"), "<DLE>") << "both ends are configured";
 }
 
 TEST(Innovaphone, LegsAfterATransferredOneAreContinuedUntilTheCallIsReleased) {
-    Exchange exchange(u"TYPE10012");
-    const auto type_of = [&](const char16_t* event, const std::u16string& rest) {
-        return exchange.Convert(std::u16string(u"event=") + event + u"&src_cdpn=10&src_cgpn=016" + rest, {kType});
+    const std::u16string unreferenced = u"&src_cdpn=10&src_cgpn=016&src_if=TEL1&dst_if=GW1";
+    const std::u16string in = unreferenced + u"&ref=1";
+    const std::pair<std::u16string, const char*> steps[] = {
+        {u"event=B:X" + in, "<DLE>"},  // never connected
+        {u"event=B:X" + in + kTimes, "0"},
+        {u"event=B:X" + in + kTimes, "2"},
+        {u"event=A:Rel" + in + kTimes, "2"},
+        {u"event=A:Rel" + in + kTimes, "0"},  // held once, and released
+        {u"event=A:X" + in + kTimes, "0"},
+        {u"event=A:Rel&src_if=TEL1&ref=1", "<DLE>"},
+        {u"event=A:Rel" + in + kTimes, "0"},  // a rejected release releases too
+        {u"event=B:X" + unreferenced + kTimes, "0"},
+        {u"event=A:Rel" + unreferenced + kTimes, "0"},  // no reference is never found
     };
-    const std::u16string in = u"&src_if=TEL1&dst_if=GW1&ref=1";
-    const std::u16string times = in + kTimes;
-    EXPECT_EQ(type_of(u"B:X", in), "rejected") << "never connected";
-    EXPECT_EQ(type_of(u"B:X", times), "0");
-    EXPECT_EQ(type_of(u"B:X", times), "2");
-    EXPECT_EQ(type_of(u"A:Rel", times), "2");
-    EXPECT_EQ(type_of(u"A:Rel", times), "0") << "held once, and released";
-    EXPECT_EQ(type_of(u"A:X", times), "0");
-    EXPECT_EQ(type_of(u"A:Rel", u"&src_if=TEL1&ref=1"), "rejected");
-    EXPECT_EQ(type_of(u"A:Rel", times), "0") << "a rejected release releases too";
-    EXPECT_EQ(type_of(u"B:X", u"&src_if=TEL1&dst_if=GW1" + kTimes), "0");
-    EXPECT_EQ(type_of(u"A:Rel", u"&src_if=TEL1&dst_if=GW1" + kTimes), "0") << "no reference is never found";
+    Link link(u"TYPE10012");
+    for (const auto& [record, type] : steps) EXPECT_EQ(TypeOf(link, record), type) << Shown(record);
 }
 
-/// A record of 32 columns that tests change by column number.
-std::u16string Row(std::map<std::size_t, std::u16string> changes) {
-    static const std::vector<std::u16string> kOutgoing{u"1",
-                                                       u"",
-                                                       u"1001",
-                                                       u"0391",
-                                                       u"outbound-route-1",
-                                                       u"\"Room\" <1001>",
-                                                       u"PJSIP/1001-1",
-                                                       u"PJSIP/trunk_1-2",
-                                                       u"Dial",
-                                                       u"a,b,c",
-                                                       u"2026-06-15 09:10:00",
-                                                       u"",
-                                                       u"",
-                                                       u"70",
-                                                       u"60",
-                                                       u"ANSWERED",
-                                                       u"DOCUMENTATION",
-                                                       u"1.1",
-                                                       u"Outbound",
-                                                       u"1001",
-                                                       u"trunk_1",
-                                                       u"s",
-                                                       u"",
-                                                       u"",
-                                                       u"",
-                                                       u"",
-                                                       u"",
-                                                       u"1",
-                                                       u"1001",
-                                                       u"DIAL",
-                                                       u"",
-                                                       u"Line"};
+using Columns = std::map<std::size_t, std::u16string>;
+
+/// A record of an outgoing call with other texts in some of its 32 columns, counted from 1.
+std::u16string Row(const Columns& changes) {
+    std::u16string_view rest =
+        u"1||1001|0391|outbound-route-1|\"Room\" <1001>|PJSIP/1001-1|PJSIP/trunk_1-2|Dial|a,b,c|2026-06-15 "
+        u"09:10:00|||70|"
+        u"60|ANSWERED|DOCUMENTATION|1.1|Outbound|1001|trunk_1|s||||||1|1001|DIAL||Line";
     std::u16string record;
-    for (std::size_t i = 0; i < kOutgoing.size(); ++i) {
-        const auto change = changes.find(i + 1);
-        record += (i == 0 ? u"'" : u",'") + (change == changes.end() ? kOutgoing[i] : change->second) + u"'";
+    for (std::size_t column = 1; column <= 32; ++column) {
+        const std::size_t end = std::min(rest.find(u'|'), rest.size());
+        const auto change = changes.find(column);
+        record += column == 1 ? u"'" : u",'";
+        record += change == changes.end() ? rest.substr(0, end) : change->second;
+        record += u"'";
+        rest.remove_prefix(std::min(end + 1, rest.size()));
     }
     return record;
 }
 
 TEST(Grandstream, DirectionPartiesAndTypeOfARow) {
-    const std::map<std::size_t, std::u16string> in{{3, u"01632"},    {4, u"1004"},  {5, u"ext-did-1"}, {19, u"Inbound"},
-                                                   {20, u"trunk_1"}, {21, u"1004"}, {29, u""}};
-    const auto incoming = [&](std::map<std::size_t, std::u16string> changes) {
-        changes.insert(in.begin(), in.end());
-        return Row(changes);
+    const std::pair<Columns, std::string> outgoing[] = {
+        {{}, Call("00001 01001 0391", '1')},
+        {{{2, u"12"}, {15, u"123456"}}, "00001 01001 0391 0012 0/0/1 0000 99999 15.06.26 09:10 -"},
+        {{{2, u"12345"}, {15, u""}}, Call("00001 01001 0391", '1', "00000")},
+        {{{3, u"Bar d'Or"}, {4, u"12345678901234567a"}},
+         Call("00001 01001 1234567890123456", '1', "00060", "BAR D'OR")},
+        {{{3, u"x"}, {20, u"y"}, {29, u"12"}, {4, u"a#"}}, Call("00001 00012 A#", '1', "00060", "X")},
+        {{{3, u""}, {20, u""}, {29, u"123456"}}, Call("00001 00000 0391", '1')},
+        {{{11, u"15/06/2026"}}, "length 77"},
+        {{{4, u"xfer-0391"}}, Call("00001 01001 XFER-0391", '3')},
+        {{{5, u"from-internal-xfer-1"}}, Call("00001 01001 0391", '3')},
+        {{{30, u"CALLFORWARD_BUSY"}}, Call("00001 01001 0391", '3')},
+        {{{19, u"External"}}, Call("00001 01001 0391", '3')},
+        {{{19, u""}, {20, u"trunk_2"}}, Call("00001 01001 0391", '3')},
+        {{{19, u"Other"}, {21, u"1005"}}, Call("00001 01001 0391", '1')},  // the context tells
+        {{{4, u"s"}}, Call("00001 01001 S", '1')},
     };
-    const std::string when = " 150626 0910 ";
-    const struct {
-        std::u16string record;
-        std::string summary;
-    } rows[] = {
-        {Row({}), "00001 01001 0391 0000 1 00060" + when + "- -"},
-        {Row({{2, u"12"}, {15, u"123456"}}), "00001 01001 0391 0012 1 99999" + when + "- -"},
-        {Row({{2, u"12345"}, {15, u""}}), "00001 01001 0391 0000 1 00000" + when + "- -"},
-        {Row({{3, u"Bar d'Or"}, {4, u"12345678901234567a"}}),
-         "00001 01001 1234567890123456 0000 1 00060" + when + "BAR D'OR -"},
-        {Row({{3, u"x"}, {20, u"y"}, {29, u"12"}, {4, u"a#"}}), "00001 00012 A# 0000 1 00060" + when + "X -"},
-        {Row({{3, u""}, {20, u""}, {29, u"123456"}}), "00001 00000 0391 0000 1 00060" + when + "- -"},
-        {Row({{11, u"15/06/2026"}}), "length 77"},
-        {Row({{4, u"xfer-0391"}}), "00001 01001 XFER-0391 0000 3 00060" + when + "- -"},
-        {Row({{5, u"from-internal-xfer-1"}}), "00001 01001 0391 0000 3 00060" + when + "- -"},
-        {Row({{30, u"CALLFORWARD_BUSY"}}), "00001 01001 0391 0000 3 00060" + when + "- -"},
-        {Row({{19, u"External"}}), "00001 01001 0391 0000 3 00060" + when + "- -"},
-        {Row({{19, u""}, {20, u"trunk_2"}}), "00001 01001 0391 0000 3 00060" + when + "- -"},
-        {Row({{19, u"Other"}, {21, u"1005"}}), "00001 01001 0391 0000 1 00060" + when + "- -"},  // the context tells
-        {Row({{19, u""}, {21, u"1005"}, {5, u"from-internal"}}), "rejected"},
-        {Row({{16, u"NO ANSWER"}}), "rejected"},
-        {Row({{16, u"BUSY"}}), "rejected"},
-        {Row({{16, u"ANSWERED ELSEWHERE"}}), "rejected"},
-        {Row({{17, u"BILLING"}}), "rejected"},
-        {Row({{19, u"Internal"}}), "rejected"},
-        {Row({{6, u"\"Wake Up Call\" <7>"}}), "rejected"},
-        {Row({{5, u"pms-status"}}), "rejected"},
-        {Row({{9, u"ForkCDR"}, {10, u"ae"}}), "rejected"},
-        {Row({{4, u"s"}, {9, u"Playback"}}), "rejected"},
-        {Row({{4, u"s"}}), "00001 01001 S 0000 1 00060" + when + "- -"},
-        {Row({{1, u"AcctId"}}), "rejected"},
-        {u"'1','','1001'", "rejected"},
-        {incoming({}), "00001 01004 01632 0000 0 00060" + when + "- -"},
-        {incoming({{25, u"1005"}}), "00001 01005 01632 0000 0 00060" + when + "1004 -"},
-        {incoming({{30, u"TRANSFER"}}), "00001 01004 01632 0000 2 00060" + when + "- -"},
-        {incoming({{15, u"0"}}), "00001 01004 01632 0000 7 00000" + when + "- -"},
-        {incoming({{16, u"NO ANSWER"}}), "00001 01004 01632 0000 7 00060" + when + "- -"},
-        {incoming({{30, u"RINGGROUP[6400]"}}), "00001 01004 01632 0000 0 00060" + when + "- -"},
-        {incoming({{30, u"RINGGROUP[6400]"}, {15, u"0"}}), "rejected"},
-        {incoming({{30, u"QUEUE[6500]"}, {16, u"NO ANSWER"}}), "rejected"},
-        {incoming({{5, u"ext-group"}, {16, u"NO ANSWER"}}), "rejected"},
-        {incoming({{9, u"Queue"}, {21, u""}, {16, u"NO ANSWER"}}), "rejected"},
-        {incoming({{9, u"Queue"}, {16, u"NO ANSWER"}}), "00001 01004 01632 0000 7 00060" + when + "- -"},
+    for (const auto& [changes, fields] : outgoing)
+        EXPECT_EQ(Convert(u"TYPE10020", Row(changes)), fields) << Shown(Row(changes));
+
+    const Columns rejected[] = {{{1, u"AcctId"}},
+                                {{4, u"s"}, {9, u"Playback"}},
+                                {{5, u"pms-status"}},
+                                {{6, u"\"Wake Up Call\" <7>"}},
+                                {{9, u"ForkCDR"}, {10, u"ae"}},
+                                {{16, u"NO ANSWER"}},
+                                {{16, u"ANSWERED ELSEWHERE"}},
+                                {{17, u"BILLING"}},
+                                {{19, u"Internal"}},
+                                {{19, u""}, {21, u"1005"}, {5, u"from-internal"}}};
+    for (const Columns& changes : rejected)
+        EXPECT_EQ(Convert(u"TYPE10020", Row(changes)), "rejected") << Shown(Row(changes));
+    EXPECT_EQ(Convert(u"TYPE10020", u"'1','','1001'"), "rejected");
+
+    const std::pair<Columns, std::string> incoming[] = {
+        {{}, Call("00001 01004 01632", '0')},
+        {{{25, u"1005"}}, Call("00001 01005 01632", '0', "00060", "1004")},
+        {{{30, u"TRANSFER"}}, Call("00001 01004 01632", '2')},
+        {{{15, u"0"}}, Call("00001 01004 01632", '7', "00000")},
+        {{{16, u"NO ANSWER"}}, Call("00001 01004 01632", '7')},
+        {{{30, u"RINGGROUP[6400]"}}, Call("00001 01004 01632", '0')},
+        {{{30, u"RINGGROUP[6400]"}, {15, u"0"}}, "rejected"},
+        {{{30, u"QUEUE[6500]"}, {16, u"NO ANSWER"}}, "rejected"},
+        {{{5, u"ext-group"}, {16, u"NO ANSWER"}}, "rejected"},
+        {{{9, u"Queue"}, {21, u""}, {16, u"NO ANSWER"}}, "rejected"},
+        {{{9, u"Queue"}, {16, u"NO ANSWER"}}, Call("00001 01004 01632", '7')},
     };
-    for (const auto& row : rows)
-        EXPECT_EQ(Exchange(u"TYPE10020").Convert(row.record), row.summary) << Shown(row.record);
+    for (auto [changes, fields] : incoming) {
+        changes.insert({{3, u"01632"}, {4, u"1004"}, {5, u"ext-did-1"}, {19, u"Inbound"}});
+        changes.insert({{20, u"trunk_1"}, {21, u"1004"}, {29, u""}});
+        EXPECT_EQ(Convert(u"TYPE10020", Row(changes)), fields) << Shown(Row(changes));
+    }
 }
 
 TEST(Wildix, SidesOfACallTellItsDirectionLineAndUser) {
+    const std::u16string kAnswered = u"60,ANSWERED";
     const struct {
         std::u16string parties;  // src, dst, dcontext, clid, channel, dstchannel, lastapp, lastdata
-        std::u16string outcome;  // duration, billsec, disposition
-        std::string summary;
+        std::u16string outcome;  // billsec, disposition
+        std::string fields;
     } rows[] = {
-        {u"201,0391,users,,SIP/201-1,SIP/BRI3-2,Dial,x", u"70,60,ANSWERED", "00003 00201 0391 1 00060 -"},
-        {u"0711,0391,users,,DEVICE/209-1,SIP/W01PRI-15-2,Dial,x", u"70,60,ANSWERED", "00015 00711 0391 1 00060 -"},
-        {u"071155,0391,users,,COM/209@x-1,IAX2/b-2,Dial,x", u"70,100000,ANSWERED", "00001 00209 0391 1 99999 -"},
-        {u"201,0391,users,,SIP/201-1,SIP/BRI3-2,Dial,x", u"70,0,ANSWERED", "rejected"},
-        {u"201,0391,users,,SIP/201-1,SIP/BRI3-2,Dial,x", u"70,60,BUSY", "rejected"},
-        {u"201,0391,macro-outgoing-call,,Local/0391@u-1;2,SIP/c-2,Dial,x", u"70,60,ANSWERED",
-         "00001 00201 0391 3 00060 -"},
-        {u"201,0391,users,,SIP/201-1,,NoOp,Finish while-outgoing-call", u"70,60,ANSWERED",
-         "00001 00201 0391 1 00060 -"},
-        {u"201,0391,users,,SIP/201-1,,NoOp,Dial", u"70,60,ANSWERED", "rejected"},
-        {u"0163,204,main,,SIP/PRI-1,SIP/204-2,Dial,x", u"70,60,ANSWERED", "00001 00204 0163 0 00060 -"},
-        {u"0163,10,main,,SIP/FXO1234567-1,SIP/204-2,Dial,x", u"70,60,answered", "34567 00204 0163 0 00060 10"},
-        {u"0163,204,main,,SIP/PRI-1,SIP/204-2,Dial,x", u"70,0,NO ANSWER", "00001 00204 0163 7 00000 -"},
-        {u"ANONYMOUS,204,main,,SIP/PRI-1,SIP/204-2,Dial,x", u"70,0,BUSY", "00001 00204 - 7 00000 -"},
-        {u"0163,020123,main,,GSM/gsm2-1,Local/204@u-2,Dial,x", u"70,60,ANSWERED", "00002 00000 0163 2 00060 020123"},
-        {u"0163,204,main,,SIP/PRI-1,SIP/BRI-2,Dial,x", u"70,60,ANSWERED", "00001 00204 0163 0 00060 -"},
-        {u"+163296,204,main,,Local/204@m-1,,NoOp,Finish if-simple-call", u"70,60,ANSWERED",
-         "00001 00204 +163296 0 00060 -"},
-        {u"201,204,main,,Local/204@m-1,,NoOp,Finish if-simple-call", u"70,60,ANSWERED", "rejected"},
-        {u"206,207,macro-outgoing-call,,SIP/206-1,SIP/207-2,Dial,x", u"70,60,ANSWERED", "rejected"},
-        {u"0163,800,main,,SIP/BRI-1,,RxFAX,x", u"70,60,ANSWERED", "rejected"},
-        {u"0163,204,main,,SIP/BRI-1,SIP/204-2,MYSQL,x", u"70,60,ANSWERED", "00001 00204 0163 0 00060 -"},
-        {u"0163,204,main,,SIP/PRI-1,SIP/204-2,Dial,x", u"70,60,FAILED", "rejected"},
-        {u"src,dst,dcontext,clid,channel,dstchannel,lastapp,lastdata", u"duration,billsec,ANSWERED", "rejected"},
+        {u"201,0391,users,,SIP/201-1,SIP/BRI3-2,Dial,x", kAnswered, Call("00003 00201 0391", '1')},
+        {u"0711,0391,users,,DEVICE/209-1,SIP/W01PRI-15-2,Dial,x", kAnswered, Call("00015 00711 0391", '1')},
+        {u"071155,0391,users,,COM/209@x-1,IAX2/b-2,Dial,x", u"100000,ANSWERED", Call("00001 00209 0391", '1', "99999")},
+        {u"201,0391,users,,SIP/201-1,SIP/BRI3-2,Dial,x", u"0,ANSWERED", "rejected"},
+        {u"201,0391,users,,SIP/201-1,SIP/BRI3-2,Dial,x", u"60,BUSY", "rejected"},
+        {u"201,0391,macro-outgoing-call,,Local/0391@u-1;2,SIP/c-2,Dial,x", kAnswered, Call("00001 00201 0391", '3')},
+        {u"201,0391,users,,SIP/201-1,,NoOp,Finish while-outgoing-call", kAnswered, Call("00001 00201 0391", '1')},
+        {u"201,0391,users,,SIP/201-1,,NoOp,Dial", kAnswered, "rejected"},
+        {u"0163,204,main,,SIP/PRI-1,SIP/204-2,Dial,x", kAnswered, Call("00001 00204 0163", '0')},
+        {u"0163,10,main,,SIP/FXO1234567-1,SIP/204-2,Dial,x", u"60,answered",
+         Call("34567 00204 0163", '0', "00060", "10")},
+        {u"0163,204,main,,SIP/PRI-1,SIP/204-2,Dial,x", u"0,NO ANSWER", Call("00001 00204 0163", '7', "00000")},
+        {u"ANONYMOUS,204,main,,SIP/PRI-1,SIP/204-2,Dial,x", u"0,BUSY", Call("00001 00204 -", '7', "00000")},
+        {u"0163,020123,main,,GSM/gsm2-1,Local/204@u-2,Dial,x", kAnswered,
+         Call("00002 00000 0163", '2', "00060", "020123")},
+        {u"0163,204,main,,SIP/PRI-1,SIP/BRI-2,Dial,x", kAnswered, Call("00001 00204 0163", '0')},
+        {u"+163296,204,main,,Local/204@m-1,,NoOp,Finish if-simple-call", kAnswered, Call("00001 00204 +163296", '0')},
+        {u"201,204,main,,Local/204@m-1,,NoOp,Finish if-simple-call", kAnswered, "rejected"},
+        {u"206,207,macro-outgoing-call,,SIP/206-1,SIP/207-2,Dial,x", kAnswered, "rejected"},
+        {u"0163,800,main,,SIP/BRI-1,,RxFAX,x", kAnswered, "rejected"},
+        {u"0163,204,main,,SIP/BRI-1,SIP/204-2,MYSQL,x", kAnswered, Call("00001 00204 0163", '0')},
+        {u"0163,204,main,,SIP/PRI-1,SIP/204-2,Dial,x", u"60,FAILED", "rejected"},
     };
     for (const auto& row : rows) {
-        const std::u16string record = u"," + row.parties + u",2026-06-15 09:10:00,,," + row.outcome;
-        const Fields shown{kLine, kUser, kNumber, kType, kDurationS, kPTYNumber};
-        EXPECT_EQ(Exchange(u"TYPE10013").Convert(record, shown), row.summary) << Shown(record);
+        const std::u16string record = u"," + row.parties + u",2026-06-15 09:10:00,,,70," + row.outcome;
+        EXPECT_EQ(Convert(u"TYPE10013", record), row.fields) << Shown(record);
     }
-    EXPECT_EQ(Exchange(u"TYPE10013").Convert(u"\"98\",1,2,,,SIP/BRI-1,,,,2026-06-15 09:10:00,,,1,1,ANSWERED"),
-              "00001 00002 1 0098 0 00001 150626 0910 - -");
-    EXPECT_EQ(Exchange(u"TYPE10013").Convert(u"\"1234\",\"2\",\"3\""), "rejected");
-}
-
-TEST(CallRecordsPage, ItsExamplesAreTrue) {
-    std::ifstream page(std::filesystem::path(VINTREL_SOURCE_DIR) / "docs/call-records.md");
-    const std::string fence = "```gdv ";
-    int examples = 0;
-    for (std::string line, raw, gdv; std::getline(page, line);) {
-        if (!line.starts_with(fence)) continue;
-        ASSERT_TRUE(std::getline(page, raw) && std::getline(page, gdv));
-        const std::u16string type(line.begin() + static_cast<std::ptrdiff_t>(fence.size()), line.end());
-        const std::u16string text = testing::Raw(raw);
-        Exchange exchange(type);
-        server::InOutText record(text);
-        EXPECT_EQ(Shown(GetComConvertStringRX(type, record, exchange.state, {}, exchange.clock, exchange.message)), gdv)
-            << raw;
-        ++examples;
-    }
-    EXPECT_GE(examples, 9);
+    EXPECT_EQ(Convert(u"TYPE10013", u"\"98\",1,2,,,SIP/BRI-1,,,,2026-06-15 09:10:00,,,1,1,ANSWERED"),
+              "00001 00002 1 0098 0/0/0 0000 00001 15.06.26 09:10 -");
+    for (const auto* record : {u"\"1234\",\"2\",\"3\"",
+                               u",src,dst,dcontext,clid,channel,dstchannel,lastapp,lastdata,"
+                               u"start,answer,end,duration,billsec,ANSWERED"})
+        EXPECT_EQ(Convert(u"TYPE10013", record), "rejected");
 }
 
 }  // namespace

@@ -8,8 +8,11 @@
 #include <vector>
 
 #include "fakes.h"
+#include "printing.h"
 #include "server/settings.h"
 #include "tx/driven_exchanges.h"
+#include "tx/guests.h"
+#include "tx/wake_up.h"
 
 namespace vintrel::testing {
 
@@ -18,80 +21,71 @@ struct PeerScript {
     static constexpr int kNever = -1;
 
     int open_at = 0;
-    std::vector<std::pair<int, std::string>> pieces = {};
+    std::deque<std::pair<int, std::string>> pieces = {};
     int end_at = kNever;
     server::TransferState end = server::TransferState::Finished;
 
     static PeerScript Answering(std::string answer) { return {.pieces = {{5, std::move(answer)}}, .end_at = 6}; }
-    static PeerScript Silent() { return {}; }
-    static PeerScript Refusing() { return {.open_at = kNever, .end_at = 1, .end = server::TransferState::Failed}; }
-    static PeerScript Absent() { return {.open_at = kNever}; }
 };
 
-class FakeTransfer : public server::TcpConnection {
- public:
-    FakeTransfer(FakeLoop& loop, FakeClock& clock, PeerScript script, int& alive, std::string& sent)
-        : clock_(clock), script_(std::move(script)), start_(clock.milliseconds), alive_(alive), sent_(sent) {
-        ++alive_;
-        const auto wake = [&](int at) { loop.Schedule(at, [] {}); };
-        if (script_.open_at >= 0) wake(script_.open_at);
-        for (const auto& piece : script_.pieces) wake(piece.first);
-        if (script_.end_at >= 0) wake(script_.end_at);
+/// What the peers of one test have been sent, and how many transfers are not closed yet.
+struct Traffic {
+    std::string sent;
+    int alive = 0;
+};
+
+struct FakeTransfer : server::TcpConnection {
+    FakeTransfer(FakeLoop& loop, FakeClock& clock, PeerScript script, Traffic& traffic)
+        : clock_(clock), script_(std::move(script)), traffic_(traffic) {
+        ++traffic_.alive;
+        std::vector<int> times{script_.open_at, script_.end_at};
+        for (const auto& piece : script_.pieces) times.push_back(piece.first);
+        for (const int at : times)
+            if (at >= 0) loop.Schedule(at, [] {});
     }
-    ~FakeTransfer() override { --alive_; }
+    ~FakeTransfer() override { --traffic_.alive; }
     FakeTransfer(const FakeTransfer&) = delete;
     FakeTransfer& operator=(const FakeTransfer&) = delete;
 
     server::TransferState State() override {
-        if (Reached(script_.end_at) && next_ == script_.pieces.size()) return script_.end;
+        if (Reached(script_.end_at) && script_.pieces.empty()) return script_.end;
         return Reached(script_.open_at) ? server::TransferState::Open : server::TransferState::Starting;
     }
     void Receive(std::string& answer, std::size_t limit) override {
-        while (next_ < script_.pieces.size() && Reached(script_.pieces[next_].first)) {
-            std::string& piece = script_.pieces[next_].second;
+        while (!script_.pieces.empty() && Reached(script_.pieces.front().first)) {
+            std::string& piece = script_.pieces.front().second;
             const std::size_t taken = std::min(limit, piece.size());
             answer.append(piece, 0, taken);
             limit -= taken;
             piece.erase(0, taken);
             if (!piece.empty()) return;
-            ++next_;
+            script_.pieces.pop_front();
         }
     }
-    void Send(std::string_view bytes) override { sent_ += bytes; }
+    void Send(std::string_view bytes) override { traffic_.sent += bytes; }
 
  private:
     bool Reached(int at) const { return at >= 0 && clock_.milliseconds >= start_ + static_cast<std::uint64_t>(at); }
 
     FakeClock& clock_;
     PeerScript script_;
-    std::uint64_t start_;
-    int& alive_;
-    std::string& sent_;
-    std::size_t next_ = 0;
+    Traffic& traffic_;
+    std::uint64_t start_ = clock_.milliseconds;
 };
 
 /// Request engine and TCP client in one: both answer with the next script, and with nothing when there is none.
-class FakeNetwork : public server::RequestEngine, public server::TcpClient {
- public:
+struct FakeNetwork : server::RequestEngine, server::TcpClient, Traffic {
     FakeNetwork(FakeLoop& loop, FakeClock& clock) : loop_(loop), clock_(clock) {}
-
-    struct Request {
-        std::string line;  ///< "GET http://host:port/target"
-        std::string header;
-        std::string credentials;  ///< "user:password"
-        std::uint32_t ignored_certificate_errors = 0;
-    };
 
     bool Prepare() override {
         ++prepared;
         return available;
     }
     std::unique_ptr<server::Transfer> Start(const server::HttpRequest& request) override {
-        requests.push_back({.line = Ascii(request.method) + (request.secure ? " https://" : " http://") +
-                                    Ascii(request.host) + ":" + std::to_string(request.port) + Ascii(request.target),
-                            .header = Ascii(request.header),
-                            .credentials = Ascii(request.user) + ":" + Ascii(request.password),
-                            .ignored_certificate_errors = request.ignored_certificate_errors});
+        requests.push_back(Ascii(request.method) + (request.secure ? " https://" : " http://") + Ascii(request.host) +
+                           ":" + std::to_string(request.port) + Ascii(request.target) + "\n" + Ascii(request.header) +
+                           "\n" + Ascii(request.user) + ":" + Ascii(request.password) + " " +
+                           std::to_string(request.ignored_certificate_errors));
         return Next();
     }
     std::unique_ptr<server::TcpConnection> Connect(std::u16string_view host, std::int32_t port) override {
@@ -100,10 +94,9 @@ class FakeNetwork : public server::RequestEngine, public server::TcpClient {
     }
 
     std::deque<PeerScript> scripts;
-    std::vector<Request> requests;
+    /// "GET http://host:port/target", the header, and "user:password" with the certificate errors that do not matter.
+    std::vector<std::string> requests;
     std::vector<std::string> called;
-    std::string sent;
-    int alive = 0;
     int prepared = 0;
     bool available = true;
 
@@ -114,15 +107,14 @@ class FakeNetwork : public server::RequestEngine, public server::TcpClient {
         if (scripts.empty()) return nullptr;
         PeerScript script = std::move(scripts.front());
         scripts.pop_front();
-        return std::make_unique<FakeTransfer>(loop_, clock_, std::move(script), alive, sent);
+        return std::make_unique<FakeTransfer>(loop_, clock_, std::move(script), *this);
     }
 
     FakeLoop& loop_;
     FakeClock& clock_;
 };
 
-class FakeTelephony : public server::TelephonyService {
- public:
+struct FakeTelephony : server::TelephonyService {
     static constexpr int kNoReply = -1;
     struct Line {
         std::u16string name;
@@ -146,8 +138,8 @@ class FakeTelephony : public server::TelephonyService {
     void Shutdown(std::uint32_t handle) override { ended.push_back(handle); }
     std::optional<std::uint32_t> NegotiateVersion(std::uint32_t, std::uint32_t device, std::uint32_t lowest,
                                                   std::uint32_t highest) override {
-        if (lowest != 0x10003 || highest != 0x30000 || !lines[device].negotiates) return std::nullopt;
-        return 0x20000 + device;
+        const bool agreed = lowest == 0x10003 && highest == 0x30000 && lines[device].negotiates;
+        return agreed ? std::optional(0x20000 + device) : std::nullopt;
     }
     std::optional<LineCapabilities> Capabilities(std::uint32_t, std::uint32_t device, std::uint32_t version,
                                                  std::size_t buffer_size) override {
@@ -156,9 +148,7 @@ class FakeTelephony : public server::TelephonyService {
     }
     std::optional<std::uint32_t> Open(std::uint32_t, std::uint32_t device, std::uint32_t,
                                       const LineOptions& options) override {
-        if (!lines[device].opens) return std::nullopt;
-        EXPECT_EQ(options.privileges, 6U);
-        EXPECT_EQ(options.media_modes, 4U);
+        if (!lines[device].opens || options.privileges != 6 || options.media_modes != 4) return std::nullopt;
         opened.push_back(device);
         return 900 + device;
     }
@@ -205,6 +195,26 @@ struct OrderBench {
         ini.values[{u"C:\\docs\\Vintrel.ini", u"USERS", u"204"}] = u" 0a1b2c ";
     }
     std::uint64_t Elapsed() const { return clock.milliseconds - 1000; }
+
+    // The four orders, as a host gives them: what they answer, in readable form.
+    std::string WakeUp(std::u16string type, const tx::WakeUpOrder& order) {
+        return Shown(tx::ComEventClockTX(type, order.room, order.time, order.date, order.mode, order.language, message,
+                                         clock, exchanges));
+    }
+    std::string CheckIn(std::u16string type, std::u16string_view name, std::int16_t language = 0,
+                        bool change_name = false, std::int32_t room = 204) {
+        return Shown(tx::ComEventCheckInTX(type, room, name, language, change_name ? 1 : 0, message, exchanges));
+    }
+    std::string CheckOut(std::u16string type, bool change_name = false, std::int32_t room = 204) {
+        return Shown(tx::ComEventCheckOutTX(type, room, change_name ? 1 : 0, message, exchanges));
+    }
+    std::string UserName(std::u16string type, std::u16string_view given = u"Rossi", std::int32_t room = 204) {
+        server::InOutText name(given);
+        const std::u16string answer = tx::ComEventUserNameTX(type, room, name, message, exchanges);
+        caller_name = name.View();
+        return Shown(answer);
+    }
+    std::u16string caller_name;  ///< the caller's variable after the last UserName
 
     FakeMessage message;
     FakeClock clock;

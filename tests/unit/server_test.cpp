@@ -1,12 +1,15 @@
-#include "server/initialisation.h"
-
+// What the server does without an exchange: its preparation and its waits.
 #include <gtest/gtest.h>
+
+#include <limits>
 
 #include "order_fakes.h"
 #include "printing.h"
 #include "server/configuration.h"
+#include "server/initialisation.h"
 #include "server/operation_error.h"
 #include "server/text.h"
+#include "server/waits.h"
 
 namespace vintrel::server {
 namespace {
@@ -16,8 +19,7 @@ using testing::Shown;
 const std::u16string kCfg = u"D:\\Documenti è 文\\Quindara.cfg";
 const std::u16string kIni = u"D:\\Documenti è 文\\Vintrel.ini";
 
-class Md5ThatShowsItsInput : public Md5 {
- public:
+struct Md5ThatShowsItsInput : Md5 {
     std::u16string HashBytes(std::span<const std::byte> bytes) override {
         if (fails) throw OperationError(0x8004C332, u"Failed", u"MD5Hash");
         std::u16string shown = u"md5 of ";
@@ -27,8 +29,7 @@ class Md5ThatShowsItsInput : public Md5 {
     bool fails = false;
 };
 
-class Initialisation : public ::testing::Test {
- protected:
+struct Initialisation : ::testing::Test {
     Initialisation() {
         SetAllUserCommonDocumentsDirA(u"D:\\Documenti è 文", settings);
         files.contents[kIni] = {};
@@ -37,20 +38,21 @@ class Initialisation : public ::testing::Test {
     std::int16_t Initialize(std::u16string code) { return InitializeServer(code, settings, platform); }
 
     /// A "Quindara.cfg" with these four records.
-    void WriteCfg(std::string_view host, std::uint32_t port, std::string_view user, std::string_view password) {
-        std::vector<std::byte>& file = files.contents[kCfg];
-        file.assign(160 * 624, std::byte{0xEE});
-        WriteText(156, host, host.size());
-        for (std::size_t i = 0; i < 4; ++i) file[156 * 624 + i] = static_cast<std::byte>(port >> 8 * i);
-        WriteText(158, user, user.size());
-        WriteText(159, password, password.size());
+    void WriteCfg(const std::string& host, std::uint32_t port, const std::string& user, const std::string& password) {
+        files.contents[kCfg].assign(160 * 624, std::byte{0xEE});
+        WriteText(156, host.size(), host);
+        WriteNumber(157, 4, port);
+        WriteText(158, user.size(), user);
+        WriteText(159, password.size(), password);
     }
-    void WriteText(std::size_t record, std::string_view text, std::size_t length) {
-        std::vector<std::byte>& file = files.contents[kCfg];
-        const std::size_t at = (record - 1) * 624;
-        file[at] = static_cast<std::byte>(length);
-        file[at + 1] = static_cast<std::byte>(length >> 8U);
-        for (std::size_t i = 0; i < text.size(); ++i) file[at + 2 + i] = static_cast<std::byte>(text[i]);
+    void WriteText(std::size_t record, std::size_t length, const std::string& text = "") {
+        std::byte* const bytes = WriteNumber(record, 2, static_cast<std::uint32_t>(length));
+        std::transform(text.begin(), text.end(), bytes, [](char c) { return static_cast<std::byte>(c); });
+    }
+    std::byte* WriteNumber(std::size_t record, std::size_t size, std::uint32_t number) {
+        std::byte* bytes = files.contents[kCfg].data() + (record - 1) * 624;
+        for (; size > 0; --size, number >>= 8U) *bytes++ = static_cast<std::byte>(number);
+        return bytes;
     }
 
     /// The number and description of the failed call, and whether any setting moved.
@@ -82,29 +84,24 @@ class Initialisation : public ::testing::Test {
 
 TEST_F(Initialisation, TextsFollowLanguageAndHelpFile) {
     SetServerLanguage(u"ita", settings);
-    EXPECT_EQ(settings.FormCaptions[0], u"");
+    EXPECT_EQ(settings.FormCaptions[0], u"") << "no help file";
     EXPECT_EQ(settings.FormCaptions[1], u"Sistemi di comunicazione supportati:");
     SetHelpFilePage(u"  C:\\Hilfe für alle.chm ", u" Schemi ", settings);
-    EXPECT_EQ(settings.HelpFile, u"C:\\Hilfe für alle.chm");
-    EXPECT_EQ(settings.HelpIndex, u"Schemi");
-    SetServerLanguage(u"Ger", settings);
-    SetServerLanguage(u"ENG", settings);
-    SetServerLanguage(u"ITA ", settings);
-    EXPECT_EQ(Shown(settings.FormCaptions[0]), "Doppelklick um die Anschlu<U+00DF>pl<U+00E4>ne anzuzeigen");
-    EXPECT_EQ(Shown(settings.FormCaptions[1]), "Unterst<U+00FC>tzte Kommunikationssysteme:");
+    EXPECT_EQ(settings.HelpFile + u"|" + settings.HelpIndex, u"C:\\Hilfe für alle.chm|Schemi");
+    for (const auto* language : {u"Ger", u"ENG", u"ITA "}) SetServerLanguage(language, settings);
+    EXPECT_EQ(settings.FormCaptions[0], u"Doppelklick um die Anschlußpläne anzuzeigen");
+    EXPECT_EQ(settings.FormCaptions[1], u"Unterstützte Kommunikationssysteme:");
     SetServerLanguage(u"ITA", settings);
     EXPECT_EQ(settings.FormCaptions[0], u"Doppio click per visualizzare gli schemi di collegamento");
 }
 
-TEST_F(Initialisation, UnknownCodesAreReportedAndAnswerZero) {
-    EXPECT_EQ(Initialize(u"type99999"), 0);
-    ASSERT_EQ(message.texts.size(), 1U);
-    EXPECT_EQ(message.texts[0], u"InitializeServer: FATAL ERROR !");
-    EXPECT_EQ(message.titles[0], u"QUINDARA PABX COM SERVER   0");
+TEST_F(Initialisation, AnUnknownCodeIsReportedByTheFirstStageAlone) {
     std::u16string code = u"type99999";
     EXPECT_EQ(InitializeServerSec(code, settings, platform), 0);
     EXPECT_EQ(UnInitializeServer(code, settings, telephony), 0);
-    EXPECT_EQ(message.texts.size(), 1U) << "only the first stage reports";
+    EXPECT_TRUE(message.texts.empty());
+    EXPECT_EQ(Initialize(code), 0);
+    EXPECT_EQ(message.texts, std::vector<std::u16string>{u"InitializeServer: FATAL ERROR !"});
 }
 
 TEST_F(Initialisation, InnovaphoneReadsAccessInterfacesAndNumbers) {
@@ -116,61 +113,51 @@ TEST_F(Initialisation, InnovaphoneReadsAccessInterfacesAndNumbers) {
     std::u16string code = u"type10012";
     EXPECT_EQ(InitializeServer(code, settings, platform), 0);
     EXPECT_EQ(code, u"TYPE10012");
-    EXPECT_EQ(settings.PbxHost, u"10.0.0.5");
+    EXPECT_EQ(settings.PbxHost + u"|" + settings.PbxUser + u"|" + settings.PbxPassword, u"10.0.0.5|üser|");
     EXPECT_EQ(settings.PbxPort, 80);
-    EXPECT_EQ(settings.PbxUser, u"üser");
-    EXPECT_EQ(settings.PbxPassword, u"");
-    EXPECT_EQ(settings.CallIncomingSrcIf, u"TEL1");
-    EXPECT_EQ(settings.CallIncomingDstIf, u"");
+    EXPECT_EQ(settings.CallIncomingSrcIf + u"|" + settings.CallIncomingDstIf, u"TEL1|");
     EXPECT_EQ(settings.RoomStatusInspectedOccupiedCdpn, u"A76");
-    EXPECT_EQ(settings.WakeupResponseH323, u"Hotel One");
-    EXPECT_EQ(settings.WakeupResponseFallback, u"Desk");
+    EXPECT_EQ(settings.WakeupResponseH323 + u"|" + settings.WakeupResponseFallback, u"Hotel One|Desk");
     EXPECT_TRUE(ini.written.empty()) << "an existing file is not completed";
 }
 
 TEST_F(Initialisation, MissingIniIsWrittenWithTheDefaultsOfTheModel) {
     files.contents.clear();
-    Initialize(u"TYPE10012");
-    EXPECT_EQ(ini.written.size(), 12U);
-    EXPECT_EQ(settings.WakeupResponseH323, u"Hotel");
-    ini.written.clear();
+    Initialize(u"TYPE10020");
+    Initialize(u"TYPE10019");
     Initialize(u"type10017");
-    EXPECT_EQ(ini.written, (std::vector<std::u16string>{u"IP_OFFICE/host", u"IP_OFFICE/port",
-                                                        u"IP_OFFICE/hotel_enabled", u"USERS/319"}));
+    EXPECT_EQ(ini.written, (std::vector<std::u16string>{u"PANASONIC/hotel_enabled", u"IP_OFFICE/host",
+                                                        u"IP_OFFICE/port", u"IP_OFFICE/hotel_enabled", u"USERS/319"}));
     EXPECT_EQ(settings.IpOfficeHost, u"localhost");
     EXPECT_EQ(settings.IpOfficePort, 8085);
     EXPECT_TRUE(settings.HotelEnabled);
     EXPECT_EQ(GetIniUser(319, settings, ini), u"5b9e20c4f17a3d8e6c02b9f4a18d7e53");
     EXPECT_EQ(GetIniUser(320, settings, ini), u"");
-    ini.written.clear();
-    Initialize(u"TYPE10020");
-    Initialize(u"TYPE10019");
-    EXPECT_EQ(ini.written, std::vector<std::u16string>{u"PANASONIC/hotel_enabled"});
+    Initialize(u"TYPE10012");
+    EXPECT_EQ(ini.written.size(), 17U);
+    EXPECT_EQ(settings.WakeupResponseH323, u"Hotel");
 }
 
 TEST_F(Initialisation, HotelFunctionsAreOnUnlessSwitchedOff) {
-    const std::pair<const char16_t*, bool> kCases[] = {{u"false ", false}, {u"False", false}, {u"no", true},
-                                                       {u"0", true},       {u"", true},       {u"true", true}};
-    for (const auto& [text, on] : kCases) {
-        for (const char16_t* section : {u"IP_OFFICE", u"PANASONIC"})
-            ini.values[{kIni, section, u"hotel_enabled"}] = text;
-        for (const char16_t* code : {u"TYPE10017", u"TYPE10019"}) {
+    for (const auto& [text, on] : std::map<std::u16string, bool>{
+             {u"false ", false}, {u"False", false}, {u"no", true}, {u"0", true}, {u"", true}})
+        for (const auto& [code, section] : {std::pair(u"TYPE10017", u"IP_OFFICE"), {u"TYPE10019", u"PANASONIC"}}) {
+            ini.values = {{{kIni, section, u"hotel_enabled"}, text}};
             settings.HotelEnabled = !on;
             Initialize(code);
-            EXPECT_EQ(settings.HotelEnabled, on) << Shown(code) << Shown(text);
+            EXPECT_EQ(settings.HotelEnabled, on) << Shown(section) << Shown(text);
         }
-    }
 }
 
 TEST_F(Initialisation, IpOfficePortIsRoundedAndMustFit) {
-    const std::tuple<std::u16string, std::int32_t> kCases[] = {
-        {u"8085.6", 8086}, {u"abc", 0}, {u"2.5", 2}, {u"2147483647", 2147483647}, {u"-1", -1}};
-    for (const auto& [text, port] : kCases) {
-        ini.values[{kIni, u"IP_OFFICE", u"port"}] = text;
+    std::u16string& port = ini.values[{kIni, u"IP_OFFICE", u"port"}];
+    for (const auto& [text, number] : std::map<std::u16string, std::int32_t>{
+             {u"8085.6", 8086}, {u"abc", 0}, {u"2147483647", 2147483647}, {u"-1", -1}}) {
+        port = text;
         Initialize(u"TYPE10017");
-        EXPECT_EQ(settings.IpOfficePort, port) << Shown(text);
+        EXPECT_EQ(settings.IpOfficePort, number) << Shown(text);
     }
-    ini.values[{kIni, u"IP_OFFICE", u"port"}] = u"2147483648";
+    port = u"2147483648";
     EXPECT_EQ(Failure(u"TYPE10017").substr(0, 2), "6 ");
 }
 
@@ -201,10 +188,10 @@ TEST_F(Initialisation, FailuresAreFailedCallsAndLeaveTheSettings) {
     md5.fails = true;
     EXPECT_EQ(Failure(u"TYPE10020"), std::to_string(0xC332) + " Failed");
 
-    WriteText(158, "", 623);
+    WriteText(158, 623);
     EXPECT_EQ(Failure(u"TYPE10017"),
               "59 Record 158 of " + Shown(kCfg) + " is malformed: its text is longer than the record.");
-    WriteText(158, "", 622);
+    WriteText(158, 622);
     EXPECT_EQ(Failure(u"TYPE10017"), "no failure") << "a text that fills its record";
 
     WriteCfg("host", 1, "user", "password");
@@ -223,7 +210,7 @@ TEST_F(Initialisation, FailuresAreFailedCallsAndLeaveTheSettings) {
     EXPECT_EQ(Failure(u"TYPE10018"), "no failure") << "a model without preparation touches no file";
 }
 
-TEST_F(Initialisation, SecondStageStartsTelephonyOnceAndOnlyWithHotelFunctions) {
+TEST_F(Initialisation, SecondStageStartsTelephonyOnceWithHotelFunctionsAndOtherModelsAgain) {
     std::u16string code = u"type10019";
     InitializeServerSec(code, settings, platform);
     EXPECT_EQ(telephony.started, 0);
@@ -232,9 +219,15 @@ TEST_F(Initialisation, SecondStageStartsTelephonyOnceAndOnlyWithHotelFunctions) 
     InitializeServerSec(code, settings, platform);
     EXPECT_EQ(telephony.started, 1);
     EXPECT_EQ(telephony.name, u"Vintrel");
-    EXPECT_EQ(settings.TapiLineApp, 77U);
-    EXPECT_EQ(settings.TapiLineCount, 3U);
-    EXPECT_TRUE(settings.TapiReady);
+    EXPECT_TRUE(settings.TapiReady && settings.TapiLineApp == 77 && settings.TapiLineCount == 3);
+
+    telephony.on_event(2, 0, -1);
+    EXPECT_EQ(settings.TapiLastReplyId, 2U);
+    telephony.on_event(1, 0, -1);  // none of these is a line's reply
+    telephony.on_event(3, 0, 0);
+    telephony.on_event(3, 1, -1);
+    telephony.on_event(0x80000002, 0, -1);
+    EXPECT_EQ(settings.TapiLastReplyId, 2U);
 
     UnInitializeServer(code, settings, telephony);
     UnInitializeServer(code, settings, telephony);
@@ -243,27 +236,53 @@ TEST_F(Initialisation, SecondStageStartsTelephonyOnceAndOnlyWithHotelFunctions) 
 
     telephony.application = {.result = -1, .handle = 5, .line_count = 9};
     EXPECT_EQ(InitializeServerSec(code, settings, platform), 0) << "the outcome shows only in the settings";
-    EXPECT_FALSE(settings.TapiReady);
-    EXPECT_EQ(settings.TapiLineApp, 0U);
+    EXPECT_TRUE(!settings.TapiReady && settings.TapiLineApp == 0);
+    InitializeServerSec(code = u"type10020", settings, platform);
+    EXPECT_EQ(request_engine.prepared, 1) << "other models are initialised once more";
 }
 
-TEST_F(Initialisation, SecondStageInitialisesOtherModelsOnceMore) {
-    std::u16string code = u"type10020";
-    InitializeServerSec(code, settings, platform);
-    EXPECT_EQ(request_engine.prepared, 1);
+struct Waits : ::testing::Test {
+    std::uint64_t Elapsed() const { return clock.milliseconds - 1000; }
+
+    testing::FakeClock clock;
+    testing::FakeLoop loop{clock};
+};
+
+TEST_F(Waits, LastAsLongAsTheIntervalAndKeepTheHostAlive) {
+    int host_events = 0;
+    for (const int at : {100, 299, 301}) loop.Schedule(at, [&] { ++host_events; });
+    WaitMilliseconds(loop, 300);
+    EXPECT_EQ(Elapsed(), 300U);
+    EXPECT_EQ(host_events, 2);
+    for (const std::int32_t interval : {0, -1, std::numeric_limits<std::int32_t>::min()}) {
+        loop.processed = 0;
+        WaitMilliseconds(loop, interval);
+        EXPECT_EQ(loop.processed, 1) << interval;
+        EXPECT_FALSE(loop.TimerRunning(Timer::SleepTimer)) << interval;
+    }
+    EXPECT_EQ(Elapsed(), 300U);
 }
 
-TEST_F(Initialisation, OnlyALineReplyIsRemembered) {
-    std::u16string code = u"TYPE10019";
-    settings.HotelEnabled = true;
-    InitializeServerSec(code, settings, platform);
-    telephony.on_event(1, 0, -1);
-    telephony.on_event(2, 0, 0);
-    telephony.on_event(2, 1, -1);
-    telephony.on_event(0x80000002, 0, -1);
-    EXPECT_EQ(settings.TapiLastReplyId, 0U);
-    telephony.on_event(2, 0, -1);
-    EXPECT_EQ(settings.TapiLastReplyId, 2U);
+TEST_F(Waits, ThatNestEndTogetherAndAllEndWhenTheTimerIsTakenAway) {
+    loop.Schedule(50, [&] { WaitMilliseconds(loop, 100); });
+    WaitMilliseconds(loop, 60);
+    EXPECT_EQ(Elapsed(), 150U);
+    loop.Schedule(10, [&] { loop.StopTimer(Timer::SleepTimer); });
+    WaitMilliseconds(loop, 1000);
+    EXPECT_EQ(Elapsed(), 160U);
+}
+
+TEST_F(Waits, UntilAnAnswerEndWithItOrAtTheLimit) {
+    bool answered = false;
+    const auto done = [&] { return answered; };
+    loop.Schedule(400, [&] { answered = true; });
+    EXPECT_FALSE(WaitUntil(loop, clock, 300, done));
+    EXPECT_EQ(Elapsed(), 300U);
+    EXPECT_TRUE(WaitUntil(loop, clock, 300, done));
+    EXPECT_EQ(Elapsed(), 400U);
+    answered = false;
+    EXPECT_FALSE(WaitUntil(loop, clock, -5, done));
+    EXPECT_EQ(Elapsed(), 400U);
 }
 
 }  // namespace
