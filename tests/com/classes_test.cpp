@@ -3,8 +3,6 @@
 
 #include <ocidl.h>
 
-#include <set>
-
 #include "Vintrel.h"
 #include "client.h"
 
@@ -46,31 +44,19 @@ std::vector<PublicClass> PublicClasses() {
     return classes;
 }
 
-TEST(Classes, AreEightAndEachIsCreatedByItsProgId) {
+TEST(Classes, AreEightHaveOneIdentityAndDescribeThemselves) {
     const std::vector<PublicClass> classes = PublicClasses();
     EXPECT_EQ(classes.size(), 8U);
     for (const PublicClass& each : classes) {
-        CLSID clsid = {};
-        const std::wstring prog_id = L"Vintrel." + each.name;
-        ASSERT_EQ(CLSIDFromProgID(prog_id.c_str(), &clsid), S_OK) << prog_id.c_str();
-        EXPECT_TRUE(IsEqualGUID(clsid, each.clsid));
-        Ref<IUnknown> object;
-        ASSERT_EQ(CoCreateInstance(clsid, nullptr, CLSCTX_INPROC_SERVER, each.iid, object.OutVoid()), S_OK);
-        EXPECT_TRUE(object.As<IDispatch>());
-        EXPECT_FALSE(ServerIsIdle());
-    }
-}
-
-TEST(Classes, HaveOneIdentityAndDescribeThemselves) {
-    for (const PublicClass& each : PublicClasses()) {
-        Ref<IUnknown> object;
-        CoCreateInstance(each.clsid, nullptr, CLSCTX_INPROC_SERVER, IID_IUnknown, object.OutVoid());
-        ASSERT_TRUE(object);
-        const auto dispatch = object.As<IDispatch>();
+        const Ref<IDispatch> dispatch = Create((L"Vintrel." + each.name).c_str());
+        const auto object = dispatch.As<IUnknown>();
         const auto errors = object.As<ISupportErrorInfo>();
         const auto class_info = object.As<IProvideClassInfo>();
-        ASSERT_TRUE(dispatch && errors && class_info);
-        for (const auto& same : {dispatch.As<IUnknown>(), errors.As<IUnknown>(), class_info.As<IUnknown>()})
+        ASSERT_TRUE(dispatch && errors && class_info) << each.name.c_str();
+        EXPECT_FALSE(ServerIsIdle());
+        Ref<IUnknown> early;
+        EXPECT_EQ(object->QueryInterface(each.iid, early.OutVoid()), S_OK);
+        for (const auto& same : {early.As<IUnknown>(), errors.As<IUnknown>(), class_info.As<IUnknown>()})
             EXPECT_EQ(same.Get(), object.Get());
         EXPECT_EQ(errors->InterfaceSupportsErrorInfo(each.iid), S_OK);
         EXPECT_EQ(errors->InterfaceSupportsErrorInfo(IID_IDispatch), S_FALSE);
@@ -117,34 +103,20 @@ TEST(Module, IsInUseWhileAFactoryAnObjectOrALockIsHeld) {
     EXPECT_TRUE(ServerIsIdle());
 }
 
-/// Hosts that bind early know every operation by its place and its identifier.
-TEST(TypeLibrary, NumbersTheOperationsFromOneAndHasAHelpTextForEach) {
-    std::size_t operations = 0;
-    for (const PublicClass& each : PublicClasses()) {
-        Ref<ITypeInfo> info;
-        TypeLibrary()->GetTypeInfoOfGuid(each.iid, info.Out());
-        ASSERT_TRUE(info);
-        HREFTYPE reference = 0;
-        Ref<ITypeInfo> table;
-        ASSERT_EQ(info->GetRefTypeOfImplType(static_cast<UINT>(-1), &reference), S_OK);
-        ASSERT_EQ(info->GetRefTypeInfo(reference, table.Out()), S_OK);
-        TYPEATTR* attributes = nullptr;
-        table->GetTypeAttr(&attributes);
-        const UINT count = attributes->cFuncs;
-        table->ReleaseTypeAttr(attributes);
-        for (UINT i = 0; i < count; ++i, ++operations) {
-            FUNCDESC* function = nullptr;
-            ASSERT_EQ(table->GetFuncDesc(i, &function), S_OK);
-            EXPECT_EQ(function->memid, static_cast<MEMBERID>(i + 1));
-            EXPECT_EQ(static_cast<std::size_t>(function->oVft), (7 + i) * sizeof(void*));
-            Text name;
-            Text help;
-            table->GetDocumentation(function->memid, name.Var(), help.Var(), nullptr, nullptr);
-            EXPECT_FALSE(help.Str().empty()) << name.Str().c_str();
-            table->ReleaseFuncDesc(function);
-        }
+TEST(ExternalTransfer, PairsTwoLegsWithinFourSecondsOfTheRealClock) {
+    const Ref<IDispatch> events = Create(L"Vintrel.ComEventsRX");
+    const struct {
+        DWORD after;
+        const wchar_t* direction;
+        short pairs;
+    } rows[] = {{0, L"0", 0}, {1500, L"1", 1}, {0, L"0", 0}, {4300, L"1", 0}, {0, L"0", 1}};
+    for (const auto& row : rows) {
+        Sleep(row.after);
+        const Outcome outcome = Call(events.Get(), L"CheckExternalTransfert",
+                                     {Variant(204L), Variant(L"15.11.26"), Variant(L"07:30"), Variant(60L),
+                                      Variant(row.direction), Variant(L"1111"), Variant(L"TYPE10017")});
+        EXPECT_EQ(outcome.answer.iVal, row.pairs) << row.after;
     }
-    EXPECT_EQ(operations, 117U);
 }
 
 }  // namespace

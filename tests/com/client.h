@@ -139,18 +139,17 @@ struct Outcome {
     std::wstring description;
 };
 
-/// Calls an operation by its name; the arguments in the order of its parameters.
+/// Calls an operation by its name; the arguments in the order of its parameters, the last ones under `names`.
 Outcome Call(IDispatch* object, const wchar_t* name, std::initializer_list<Variant> arguments,
-             WORD flags = DISPATCH_METHOD | DISPATCH_PROPERTYGET);
-/// The same with the parameter names of the last arguments; the others are positional.
-Outcome CallNamed(IDispatch* object, const wchar_t* name, std::initializer_list<Variant> arguments,
-                  std::initializer_list<const wchar_t*> names);
+             WORD flags = DISPATCH_METHOD | DISPATCH_PROPERTYGET, std::initializer_list<const wchar_t*> names = {});
 
 /// The folder of the test program, the DLL and the scripts, without a backslash at its end.
 std::wstring ProgramFolder();
 /// The server's type library, from the DLL.
 Ref<ITypeLib> TypeLibrary();
+/// DllRegisterServer, DllUnregisterServer or DllCanUnloadNow of the DLL beside the program; E_FAIL without it.
+HRESULT CallExport(const char* name);
 /// Whether the server holds nothing any more: no object, no lock, no window.
-bool ServerIsIdle();
+inline bool ServerIsIdle() { return CallExport("DllCanUnloadNow") == S_OK; }
 
 }  // namespace vintrel::testing

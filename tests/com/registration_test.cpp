@@ -7,7 +7,6 @@
 
 #include "Vintrel.h"
 #include "client.h"
-#include "server_control.h"
 
 namespace vintrel::testing {
 namespace {
@@ -44,19 +43,8 @@ Snapshot ClassesOf(HKEY root) {
 }
 
 /// The exit code of regsvr32 with these arguments and the DLL.
-DWORD Regsvr32(const std::wstring& arguments) {
-    std::wstring command = L"regsvr32.exe /s " + arguments + L" \"" + ProgramFolder() + L"\\Vintrel.dll\"";
-    STARTUPINFOW startup = {};
-    startup.cb = sizeof startup;
-    PROCESS_INFORMATION process = {};
-    if (!CreateProcessW(nullptr, command.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup, &process))
-        return 0xFFFF;
-    WaitForSingleObject(process.hProcess, 30'000);
-    DWORD code = 0xFFFF;
-    GetExitCodeProcess(process.hProcess, &code);
-    CloseHandle(process.hThread);
-    CloseHandle(process.hProcess);
-    return code;
+int Regsvr32(const std::wstring& arguments) {
+    return _wsystem((L"regsvr32.exe /s " + arguments + L" \"" + ProgramFolder() + L"\\Vintrel.dll\"").c_str());
 }
 
 /// The program registered the server before its tests; each of these ends with the server registered.
@@ -65,39 +53,34 @@ class Registration : public ::testing::Test {
     ~Registration() override { CallExport("DllRegisterServer"); }
 };
 
-TEST_F(Registration, LeavesTheRegistryAsItWasWhenItIsTakenBack) {
-    ASSERT_EQ(Regsvr32(L"/u"), 0U);
-    const Snapshot before = ClassesOf(HKEY_LOCAL_MACHINE);
-    for (const auto& [path, values] : before) EXPECT_EQ(path.find(L"Vintrel"), std::wstring::npos);
-    ASSERT_FALSE(Create(L"Vintrel.ServerInfo"));
-
-    ASSERT_EQ(Regsvr32(L""), 0U);
-    EXPECT_NE(ClassesOf(HKEY_LOCAL_MACHINE), before);
-    EXPECT_TRUE(Create(L"Vintrel.ServerInfo"));
-    Ref<ITypeLib> library;
-    EXPECT_EQ(LoadRegTypeLib(LIBID_Vintrel, 1, 0, 0, library.Out()), S_OK);
-    library.Reset();
-
-    ASSERT_EQ(Regsvr32(L"/u"), 0U);
-    EXPECT_EQ(ClassesOf(HKEY_LOCAL_MACHINE), before);
-    EXPECT_EQ(Regsvr32(L"/u"), 0U);  // what is not there is no failure
-}
-
-TEST_F(Registration, OfTheUserTouchesTheUsersKeysOnly) {
-    ASSERT_EQ(CallExport("DllUnregisterServer"), S_OK);
-    const Snapshot machine = ClassesOf(HKEY_LOCAL_MACHINE);
-    CallInstall(false, L"user");  // what an earlier run may have left
-    const Snapshot before = ClassesOf(HKEY_CURRENT_USER);
-    ASSERT_EQ(Regsvr32(L"/n /i:user"), 0U);
-    Snapshot user = ClassesOf(HKEY_CURRENT_USER);
-    EXPECT_EQ(ClassesOf(HKEY_LOCAL_MACHINE), machine);
+TEST_F(Registration, OfMachineOrUserTouchesItsOwnKeysAndLeavesThemAsTheyWere) {
+    const struct {
+        HKEY own, other;
+        std::wstring arguments;
+    } rows[] = {{HKEY_LOCAL_MACHINE, HKEY_CURRENT_USER, L""}, {HKEY_CURRENT_USER, HKEY_LOCAL_MACHINE, L"/n /i:user"}};
     wchar_t clsid[39] = {};
     StringFromGUID2(CLSID_PMSEvents, clsid, 39);
     const std::wstring key = std::wstring(L"Software\\Classes\\CLSID\\") + clsid + L"\\InprocServer32";
-    EXPECT_NE(user[key].find(L"Vintrel.dll"), std::wstring::npos);
-    EXPECT_NE(user[key].find(L"ThreadingModel=Apartment"), std::wstring::npos);
-    ASSERT_EQ(Regsvr32(L"/u /n /i:user"), 0U);
-    EXPECT_EQ(ClassesOf(HKEY_CURRENT_USER), before);
+    for (const auto& row : rows) Regsvr32(L"/u " + row.arguments);  // what the program and an earlier run left
+    for (const auto& row : rows) {
+        const Snapshot before = ClassesOf(row.own);
+        const Snapshot other = ClassesOf(row.other);
+        for (const auto& [path, values] : before) EXPECT_EQ(path.find(L"Vintrel"), std::wstring::npos);
+        ASSERT_FALSE(Create(L"Vintrel.ServerInfo"));
+
+        ASSERT_EQ(Regsvr32(row.arguments), 0);
+        Snapshot registered = ClassesOf(row.own);
+        EXPECT_NE(registered[key].find(L"Vintrel.dll"), std::wstring::npos);
+        EXPECT_NE(registered[key].find(L"ThreadingModel=Apartment"), std::wstring::npos);
+        EXPECT_EQ(ClassesOf(row.other), other);
+        if (row.own == HKEY_LOCAL_MACHINE) {  // not every Windows looks for classes among the user's
+            EXPECT_TRUE(Create(L"Vintrel.ServerInfo"));
+            Ref<ITypeLib> library;
+            EXPECT_EQ(LoadRegTypeLib(LIBID_Vintrel, 1, 0, 0, library.Out()), S_OK);
+        }
+        for (int i = 0; i < 2; ++i) ASSERT_EQ(Regsvr32(L"/u " + row.arguments), 0);  // what is not there is no failure
+        EXPECT_EQ(ClassesOf(row.own), before);
+    }
 }
 
 TEST_F(Registration, IsNotNeededWithTheManifest) {
