@@ -1,7 +1,6 @@
 #include "client.h"
 
 #include <algorithm>
-#include <vector>
 
 namespace vintrel::testing {
 
@@ -23,7 +22,7 @@ std::wstring Taken(BSTR string) {
 
 }  // namespace
 
-Outcome Call(IDispatch* object, const wchar_t* name, std::initializer_list<Variant> arguments, WORD flags,
+Outcome Call(IDispatch* object, const wchar_t* name, const std::vector<Variant>& arguments, WORD flags,
              std::initializer_list<const wchar_t*> names) {
     Outcome outcome;
     std::vector<LPOLESTR> all = {const_cast<LPOLESTR>(name)};                     // NOLINT: only read

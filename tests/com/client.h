@@ -9,6 +9,7 @@
 #include <string>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 namespace vintrel::testing {
 
@@ -140,7 +141,7 @@ struct Outcome {
 };
 
 /// Calls an operation by its name; the arguments in the order of its parameters, the last ones under `names`.
-Outcome Call(IDispatch* object, const wchar_t* name, std::initializer_list<Variant> arguments,
+Outcome Call(IDispatch* object, const wchar_t* name, const std::vector<Variant>& arguments,
              WORD flags = DISPATCH_METHOD | DISPATCH_PROPERTYGET, std::initializer_list<const wchar_t*> names = {});
 
 /// The folder of the test program, the DLL and the scripts, without a backslash at its end.
