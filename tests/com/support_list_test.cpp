@@ -4,14 +4,20 @@
 #include <windows.h>
 
 #include <commctrl.h>
+#include <objidl.h>
+
+#include <algorithm>
+using std::max;  // the system's header below expects both by these names
+using std::min;
+#include <gdiplus.h>
 
 #include <filesystem>
 #include <fstream>
 #include <functional>
+#include <set>
 #include <vector>
 
 #include "client.h"
-#include "screenshot.h"
 
 namespace vintrel::testing {
 namespace {
@@ -59,6 +65,39 @@ std::vector<HWND> WindowsOf(std::wstring_view kind) {
 HWND ToolTip() {
     const std::vector<HWND> tips = WindowsOf(TOOLTIPS_CLASSW);
     return tips.empty() ? nullptr : tips.front();
+}
+
+/// Writes the screen to "screenshots/name.png" beside the test program, for a person to look at.
+/// @return whether that worked and the picture is not of one colour
+bool SaveScreenshot(const std::wstring& name) {
+    constexpr CLSID kPngEncoder{0x557CF406, 0x1A04, 0x11D3, {0x9A, 0x73, 0x00, 0x00, 0xF8, 0x1E, 0xF3, 0x2E}};
+    const std::wstring folder = ProgramFolder() + L"\\screenshots";
+    CreateDirectoryW(folder.c_str(), nullptr);
+    ULONG_PTR token = 0;
+    const Gdiplus::GdiplusStartupInput input;
+    if (Gdiplus::GdiplusStartup(&token, &input, nullptr) != Gdiplus::Ok) return false;
+    bool saved = false;
+    {
+        const int width = GetSystemMetrics(SM_CXSCREEN);
+        const int height = GetSystemMetrics(SM_CYSCREEN);
+        Gdiplus::Bitmap bitmap(width, height, PixelFormat32bppRGB);
+        Gdiplus::Graphics graphics(&bitmap);
+        HDC screen = GetDC(nullptr);
+        HDC copy = graphics.GetHDC();
+        BitBlt(copy, 0, 0, width, height, screen, 0, 0, SRCCOPY | CAPTUREBLT);
+        graphics.ReleaseHDC(copy);
+        ReleaseDC(nullptr, screen);
+        std::set<Gdiplus::ARGB> colours;
+        for (int at = 0; at < width * height; at += 97) {
+            Gdiplus::Color colour;
+            bitmap.GetPixel(at % width, at / width, &colour);
+            colours.insert(colour.GetValue());
+        }
+        saved = colours.size() > 1 &&
+                bitmap.Save((folder + L"\\" + name + L".png").c_str(), &kPngEncoder, nullptr) == Gdiplus::Ok;
+    }
+    Gdiplus::GdiplusShutdown(token);
+    return saved;
 }
 
 class SupportList : public ::testing::Test {
