@@ -53,12 +53,6 @@ std::wstring ProgramFolder() {
     return program.substr(0, program.find_last_of(L'\\'));
 }
 
-Ref<ITypeLib> TypeLibrary() {
-    Ref<ITypeLib> library;
-    LoadTypeLibEx((ProgramFolder() + L"\\Vintrel.dll").c_str(), REGKIND_NONE, library.Out());
-    return library;
-}
-
 HRESULT CallExport(const char* name) {
     HMODULE module = LoadLibraryW((ProgramFolder() + L"\\Vintrel.dll").c_str());
     const FARPROC function = module ? GetProcAddress(module, name) : nullptr;

@@ -146,8 +146,6 @@ Outcome Call(IDispatch* object, const wchar_t* name, const std::vector<Variant>&
 
 /// The folder of the test program, the DLL and the scripts, without a backslash at its end.
 std::wstring ProgramFolder();
-/// The server's type library, from the DLL.
-Ref<ITypeLib> TypeLibrary();
 /// DllRegisterServer, DllUnregisterServer or DllCanUnloadNow of the DLL beside the program; E_FAIL without it.
 HRESULT CallExport(const char* name);
 /// Whether the server holds nothing any more: no object, no lock, no window.

@@ -14,6 +14,7 @@ using std::min;
 #include <filesystem>
 #include <fstream>
 #include <functional>
+#include <iterator>
 #include <set>
 #include <vector>
 
@@ -245,10 +246,8 @@ class StandInViewer {
     StandInViewer& operator=(const StandInViewer&) = delete;
 
     std::string Called() const {
-        std::string line;
         std::ifstream file(Record());
-        std::getline(file, line);
-        return line;
+        return {std::istreambuf_iterator<char>(file), {}};
     }
     bool is_placed = false;
 

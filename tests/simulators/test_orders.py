@@ -109,8 +109,7 @@ def expect_fault(host, kind, fault, most):
     with measuring:
         measured.append((kind, fault, milliseconds))
     expect(answer, "<ERROR>", f"verdict of {kind}: {fault}")
-    if milliseconds > most:
-        raise AssertionError(f"{kind}: {fault} took {milliseconds} ms, limit {most}")
+    expect(milliseconds <= most, True, f"{kind}: {fault} took {milliseconds} ms, limit {most}")
 
 
 # --- orders of an exchange -------------------------------------------------------------------------------------------
@@ -141,7 +140,7 @@ def innovaphone_carries_out_orders():
 
 
 def grandstream_carries_out_orders():
-    exchange = Grandstream(FOLDER)
+    exchange = Grandstream(FOLDER, "", True)  # its certificate may be over, and for another name
     target, = carried_out(exchange, [("checkin", 204, "Renè & Co", 4, 0)])
     start = (f"/pmsapi?token={TOKEN}&format=xml&data=%3Cpms_data_request%3E%3Ccheckin%3E%3Caddress%3E204%3C/address%3E"
              "%3Croom%3E204%3C/room%3E%3Caccount%3E204%3C/account%3E%3Clanguage%3EES_ES%3C/language%3E"
@@ -153,16 +152,13 @@ def grandstream_carries_out_orders():
                [b"format: xml", b"Content-Length: 0"], "headers")
 
 
-def grandstream_certificate_may_be_expired_and_for_another_name():
-    carried_out(Grandstream(FOLDER, "", True), [("checkout", 204, 0)])
-
-
 def ip_office_carries_out_all_orders():
     exchange = IpOffice()
     rights = "&lt;UserRights&gt;{}&lt;/UserRights&gt;"
     name = "&lt;FullName&gt;{}&lt;/FullName&gt;"
     orders = {
-        ("checkin", 204, "Renè <R> & 𝄞", 1, 1): rights.format("CheckIn") + name.format("Ren&#232; &lt;R&gt; & &#119070;"),
+        ("checkin", 204, "Renè <R> & 𝄞", 1, 1):
+            rights.format("CheckIn") + name.format("Ren&#232; &lt;R&gt; & &#119070;"),
         ("checkin", 204, "Rossi", 1, 0): rights.format("CheckIn"),
         ("checkout", 204, 1): rights.format("CheckOut") + name.format(""),
         ("checkout", 204, 0): rights.format("CheckOut"),
@@ -357,7 +353,7 @@ def the_host_program_shows_commands_and_verdicts():
     try:
         expect(run("checkin", "--model", "type12000", "--room", "204", "--name", "Renè", "--language", "it"),
                ("<STX>GI|RN204|GNRenè|GLIT|<ETX>", 0), "a command")
-        expect(run("name", "--model", "TYPE10020", "--room", "204", "--name", "Rossi"), ("", 1), "no order of this model")
+        expect(run("name", "--model", "TYPE10020", "--room", "204", "--name", "R."), ("", 1), "no order of this model")
         expect(run(*order), ("<OK>", 0), "an order carried out")
         exchange.fault = "wrong"
         expect(run(*order), ("<ERROR>", 1), "an order that the exchange refuses")
@@ -371,7 +367,8 @@ HTTP_FAULTS = NETWORK_FAULTS + ["endless_401", "redirect"]
 SCENARIOS = [
     # Ten seconds to the connection, and another ten to the answer, and some for a busy machine.
     *[long_fault(kind, "absent", 12000) for kind in TYPES],
-    *[long_fault(kind, fault, 12000 if kind is Innovaphone else 22000) for kind in TYPES for fault in ("silence", "drip")],
+    *[long_fault(kind, fault, 12000 if kind is Innovaphone else 22000)
+      for kind in TYPES for fault in ("silence", "drip")],
     long_fault(Grandstream, "no_handshake", 12000),
     long_fault(Grandstream, "no_tls", 5000),
     ip_office_of_an_unknown_name,
@@ -379,7 +376,6 @@ SCENARIOS = [
     panasonic_carries_out_orders,
     innovaphone_carries_out_orders,
     grandstream_carries_out_orders,
-    grandstream_certificate_may_be_expired_and_for_another_name,
     ip_office_carries_out_all_orders,
     quick_faults(Innovaphone, HTTP_FAULTS),
     quick_faults(Grandstream, HTTP_FAULTS),
