@@ -106,9 +106,6 @@ class Variant : public VARIANT {
     static Variant To(VARIANT& variable) { return Reference(VT_VARIANT, &variable); }
     /// What a compiled late-bound client passes for its variable.
     static Variant To(BSTR* variable) { return Reference(VT_BSTR, variable); }
-    static Variant To(short* variable) { return Reference(VT_I2, variable); }
-    static Variant To(long* variable) { return Reference(VT_I4, variable); }
-    static Variant To(double* variable) { return Reference(VT_R8, variable); }
     static Variant Reference(VARTYPE type, void* variable) {
         Variant reference;
         reference.vt = static_cast<VARTYPE>(VT_BYREF | type);

@@ -1,6 +1,8 @@
 // How failures reach the host: as failed calls with a description, or as the error report that the operator sees.
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 #include "Vintrel.h"
 #include "client.h"
 #include "message_box_watcher.h"
@@ -51,25 +53,22 @@ TEST(Failures, RefuseNullPointersWithoutTouchingAnything) {
 }
 
 TEST(ErrorReport, ShowsOneCriticalBoxForAnUnknownCodeAndTheCallAnswersItsDefault) {
-    const struct {
-        const wchar_t *prog_id, *operation;
-        short number;
-    } rows[] = {
+    const std::tuple<const wchar_t*, const wchar_t*, short> rows[] = {
         {L"Vintrel.ServiceEnabled", L"GetCallListEnabled", 0},
         {L"Vintrel.ComEventsRX", L"GetRepeatErrorEventRX", 1},
         {L"Vintrel.ComGdvFilter", L"GetGdvRealClockLen", 0},
     };
     MessageBoxWatcher watcher;
-    for (const auto& row : rows) {
+    for (const auto& [prog_id, operation, number] : rows) {
         Variant type(L"type12345");
-        const Outcome outcome = Call(Create(row.prog_id).Get(), row.operation, {Variant::To(type)});
+        const Outcome outcome = Call(Create(prog_id).Get(), operation, {Variant::To(type)});
         EXPECT_EQ(outcome.result, S_OK);
-        EXPECT_EQ(outcome.answer.iVal, row.number);
+        EXPECT_EQ(outcome.answer.iVal, number);
         EXPECT_EQ(type.Str(), L"TYPE12345");
         const std::vector<SeenMessage> seen = watcher.Take();
-        ASSERT_EQ(seen.size(), 1U) << row.operation;
+        ASSERT_EQ(seen.size(), 1U) << operation;
         EXPECT_EQ(seen[0].title, L"QUINDARA PABX COM SERVER   0");
-        EXPECT_EQ(seen[0].text, std::wstring(row.operation) + L": FATAL ERROR !");
+        EXPECT_EQ(seen[0].text, std::wstring(operation) + L": FATAL ERROR !");
         EXPECT_TRUE(seen[0].critical_icon);
         EXPECT_EQ(seen[0].buttons, 1);
     }

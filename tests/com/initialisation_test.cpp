@@ -21,11 +21,8 @@ class Initialisation : public ::testing::Test {
     /// A "Quindara.cfg" with the access texts in records 156, 158 and 159, and the port in record 157.
     void WriteCfg(std::uint32_t port) const {
         std::string file(160 * 624, '\xEE');
-        const auto put = [&file](std::size_t record, std::string_view bytes) {
-            file.replace((record - 1) * 624, bytes.size(), bytes);
-        };
-        for (const std::size_t record : {156U, 158U, 159U}) put(record, std::string_view("\x5\0admin", 7));
-        put(157, {reinterpret_cast<const char*>(&port), sizeof port});
+        for (const std::size_t record : {156U, 158U, 159U}) file.replace((record - 1) * 624, 7, "\x5\0admin", 7);
+        file.replace(156 * 624, sizeof port, reinterpret_cast<const char*>(&port), sizeof port);
         std::ofstream(cfg, std::ios::binary) << file;
     }
     Outcome Initialize(const wchar_t* code, const wchar_t* operation = L"InitializeServer") const {

@@ -70,8 +70,8 @@ TEST_F(LateBinding, TakesNumbersInAnyFormAndNamesTheArgumentThatCannotBeUsed) {
         {"as declared", Variant(204L), Variant(short{1})},
         {"the other widths", Variant(short{204}), Variant(1L)},
         {"a text and a real number", Variant(L"204"), Variant(1.0)},
-        {"references to integers", Variant::To(&narrow), Variant::To(&wide)},
-        {"references to a real number and a byte", Variant::To(&real), Variant::Reference(VT_UI1, &byte)},
+        {"references to integers", Variant::Reference(VT_I2, &narrow), Variant::Reference(VT_I4, &wide)},
+        {"references to a real number and a byte", Variant::Reference(VT_R8, &real), Variant::Reference(VT_UI1, &byte)},
         {"references to a text and a variable", Variant::To(text.Var()), Variant::To(variable)},
         {"unsigned and 64 bits", Variant::Of(VT_UI4, 204), Variant::Of(VT_I8, 1)},
         {"text that is no number", Variant(L"room"), zero, DISP_E_TYPEMISMATCH, 4},
@@ -99,7 +99,7 @@ TEST_F(LateBinding, WritesAChangedNumberedTextBackAsText) {
     EXPECT_EQ(name.Str(), L"I204");
 
     double typed = 12.0;  // has no place for a text
-    const Outcome refused = Name(L"TYPE10014", Variant::To(&typed));
+    const Outcome refused = Name(L"TYPE10014", Variant::Reference(VT_R8, &typed));
     EXPECT_EQ(refused.result, DISP_E_TYPEMISMATCH);
     EXPECT_EQ(refused.bad_argument, 0U);
     EXPECT_EQ(typed, 12.0);

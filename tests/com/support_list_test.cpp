@@ -43,24 +43,12 @@ void Pump(DWORD milliseconds) {
     PumpUntil([] { return false; }, milliseconds);
 }
 
-struct Search {
-    std::wstring_view kind;
-    std::vector<HWND> found;
-};
-
-BOOL CALLBACK Collect(HWND window, LPARAM parameter) noexcept {
-    auto& search = *reinterpret_cast<Search*>(parameter);
-    wchar_t name[64] = {};
-    GetClassNameW(window, name, 64);
-    if (search.kind == name) search.found.push_back(window);
-    return TRUE;
-}
-
 /// The windows of this class that the host's thread has.
-std::vector<HWND> WindowsOf(std::wstring_view kind) {
-    Search search{kind, {}};
-    EnumThreadWindows(GetCurrentThreadId(), Collect, reinterpret_cast<LPARAM>(&search));
-    return search.found;
+std::vector<HWND> WindowsOf(const wchar_t* kind) {
+    std::vector<HWND> found;
+    for (HWND window = nullptr; (window = FindWindowExW(nullptr, window, kind, nullptr)) != nullptr;)
+        if (GetWindowThreadProcessId(window, nullptr) == GetCurrentThreadId()) found.push_back(window);
+    return found;
 }
 
 HWND ToolTip() {

@@ -33,11 +33,10 @@ class Exchange:
 
     def recover(self):
         """From now on everything is well."""
-        unreachable = self.fault in ("absent", "refused")
-        self.fault = ""
+        fault, self.fault = self.fault, ""
         for filler in self.fillers:
             filler.close()
-        if unreachable:
+        if fault in ("absent", "refused"):
             self._accept()
 
     def _fill_queue(self):
@@ -131,8 +130,8 @@ def header_of(request, name):
 
 
 def http_answer(body, status="200 OK", headers=""):
-    body = body.encode()
-    return f"HTTP/1.1 {status}\r\nContent-Type: text/xml\r\n{headers}Content-Length: {len(body)}\r\n\r\n".encode() + body
+    length = len(body.encode())
+    return f"HTTP/1.1 {status}\r\nContent-Type: text/xml\r\n{headers}Content-Length: {length}\r\n\r\n{body}".encode()
 
 
 class HttpExchange(Exchange):

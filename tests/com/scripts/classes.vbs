@@ -1,5 +1,4 @@
 ' The eight classes as a script sees them: variables change in place, failures come as errors, every class answers.
-Dim failed
 failed = 0
 
 Sub Check(what, actual, expected)
@@ -9,7 +8,6 @@ Sub Check(what, actual, expected)
     End If
 End Sub
 
-Dim info, enabled, program, options, orders, events, gdv, pms
 Set info = CreateObject("Vintrel.ServerInfo")
 Set options = CreateObject("Vintrel.SetServerOptions")
 Set program = CreateObject("Vintrel.ComProgramSet")
@@ -19,7 +17,6 @@ Set events = CreateObject("Vintrel.ComEventsRX")
 Set gdv = CreateObject("Vintrel.ComGdvFilter")
 Set pms = CreateObject("Vintrel.PMSEvents")
 
-Dim code
 code = "type10017"
 Check "name", info.GetPabxTypeName(code), "Avaya - IP Office"
 Check "variable in place", code, "TYPE10017"
@@ -39,7 +36,6 @@ Check "statement", code, "TYPE10001"
 Check "constant", gdv.GetGdvPTYNumberLenStart, 53
 options.SetServerLanguage "ITA"
 
-Dim record
 record = "  GI|RN12|GNRossi|  "
 Check "field", pms.GetPMS_ColumnData(record, "|GN"), "Rossi"
 Check "trimmed in place", record, "GI|RN12|GNRossi|"
