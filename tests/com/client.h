@@ -9,6 +9,7 @@
 #include <string>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 namespace vintrel::testing {
 
@@ -105,9 +106,6 @@ class Variant : public VARIANT {
     static Variant To(VARIANT& variable) { return Reference(VT_VARIANT, &variable); }
     /// What a compiled late-bound client passes for its variable.
     static Variant To(BSTR* variable) { return Reference(VT_BSTR, variable); }
-    static Variant To(short* variable) { return Reference(VT_I2, variable); }
-    static Variant To(long* variable) { return Reference(VT_I4, variable); }
-    static Variant To(double* variable) { return Reference(VT_R8, variable); }
     static Variant Reference(VARTYPE type, void* variable) {
         Variant reference;
         reference.vt = static_cast<VARTYPE>(VT_BYREF | type);
@@ -139,18 +137,15 @@ struct Outcome {
     std::wstring description;
 };
 
-/// Calls an operation by its name; the arguments in the order of its parameters.
-Outcome Call(IDispatch* object, const wchar_t* name, std::initializer_list<Variant> arguments,
-             WORD flags = DISPATCH_METHOD | DISPATCH_PROPERTYGET);
-/// The same with the parameter names of the last arguments; the others are positional.
-Outcome CallNamed(IDispatch* object, const wchar_t* name, std::initializer_list<Variant> arguments,
-                  std::initializer_list<const wchar_t*> names);
+/// Calls an operation by its name; the arguments in the order of its parameters, the last ones under `names`.
+Outcome Call(IDispatch* object, const wchar_t* name, const std::vector<Variant>& arguments,
+             WORD flags = DISPATCH_METHOD | DISPATCH_PROPERTYGET, std::initializer_list<const wchar_t*> names = {});
 
 /// The folder of the test program, the DLL and the scripts, without a backslash at its end.
 std::wstring ProgramFolder();
-/// The server's type library, from the DLL.
-Ref<ITypeLib> TypeLibrary();
+/// DllRegisterServer, DllUnregisterServer or DllCanUnloadNow of the DLL beside the program; E_FAIL without it.
+HRESULT CallExport(const char* name);
 /// Whether the server holds nothing any more: no object, no lock, no window.
-bool ServerIsIdle();
+inline bool ServerIsIdle() { return CallExport("DllCanUnloadNow") == S_OK; }
 
 }  // namespace vintrel::testing

@@ -1,8 +1,6 @@
 // Initialisation on real files, in a folder whose name no code page of one byte can hold.
 #include <gtest/gtest.h>
 
-#include <windows.h>
-
 #include <filesystem>
 #include <fstream>
 
@@ -15,107 +13,70 @@ namespace {
 class Initialisation : public ::testing::Test {
  protected:
     Initialisation() {
-        Empty();
+        std::filesystem::create_directories(folder);
         Call(options.Get(), L"SetAllUserCommonDocumentsDirA", {Variant(folder.c_str())});
     }
     ~Initialisation() override { std::filesystem::remove_all(folder); }
 
-    void Empty() const {
-        std::filesystem::remove_all(folder);
-        std::filesystem::create_directories(folder);
-    }
-
     /// A "Quindara.cfg" with the access texts in records 156, 158 and 159, and the port in record 157.
     void WriteCfg(std::uint32_t port) const {
         std::string file(160 * 624, '\xEE');
-        const auto put = [&file](std::size_t record, std::string_view bytes) {
-            file.replace((record - 1) * 624, bytes.size(), bytes);
-        };
-        for (const std::size_t record : {156U, 158U, 159U}) put(record, std::string_view("\x5\0admin", 7));
-        put(157, {reinterpret_cast<const char*>(&port), sizeof port});
-        std::ofstream(Cfg(), std::ios::binary) << file;
+        for (const std::size_t record : {156U, 158U, 159U}) file.replace((record - 1) * 624, 7, "\x5\0admin", 7);
+        file.replace(156 * 624, sizeof port, reinterpret_cast<const char*>(&port), sizeof port);
+        std::ofstream(cfg, std::ios::binary) << file;
     }
-    std::filesystem::path Cfg() const { return folder / L"Quindara.cfg"; }
-    std::filesystem::path Ini() const { return folder / L"Vintrel.ini"; }
     Outcome Initialize(const wchar_t* code, const wchar_t* operation = L"InitializeServer") const {
         return Call(options.Get(), operation, {Variant(code)});
     }
     /// Whether a call from room 101 to this number tells that the room is clean.
     bool MeansClean(const std::wstring& number) const {
         const std::wstring frame = L"event=A:Rel&src_cgpn=101&dst_cdpn=" + number + L"&";
-        return Call(events.Get(), L"GetComIsRoomState", {Variant(L"TYPE10012"), Variant(frame.c_str())}).answer.iVal ==
-               1;
+        const Outcome is = Call(events.Get(), L"GetComIsRoomState", {Variant(L"TYPE10012"), Variant(frame.c_str())});
+        return is.answer.iVal == 1;
     }
 
     std::filesystem::path folder = std::filesystem::temp_directory_path() / L"Vintrel \u00E8 \u6587\u66F8";
+    std::filesystem::path cfg = folder / L"Quindara.cfg", ini = folder / L"Vintrel.ini";
     Ref<IDispatch> options = Create(L"Vintrel.SetServerOptions");
     Ref<IDispatch> events = Create(L"Vintrel.ComEventsRX");
     MessageBoxWatcher boxes;
 };
 
 TEST_F(Initialisation, SucceedsForEveryModelAndWritesOnlyTheDefaultsOfThree) {
-    const Ref<IDispatch> info = Create(L"Vintrel.ServerInfo");
-    int known = 0;
     for (int number = 10001; number <= 12000; number += number == 10020 ? 1980 : 1) {
-        const std::wstring code = L"type" + std::to_wstring(number);
-        known += Call(info.Get(), L"GetPabxActiveType", {Variant(code.c_str())}).answer.iVal;
-        Empty();
+        std::filesystem::remove(ini);
         WriteCfg(8089);
         for (const wchar_t* operation : {L"InitializeServer", L"InitializeServerSec", L"UnInitializeServer"}) {
-            const Outcome outcome = Initialize(code.c_str(), operation);
+            const Outcome outcome = Initialize((L"type" + std::to_wstring(number)).c_str(), operation);
             EXPECT_EQ(outcome.result, S_OK) << number;
-            EXPECT_EQ(outcome.answer.vt, VT_I2) << number;
             EXPECT_EQ(outcome.answer.iVal, 0) << number;
         }
         const bool has_file = number == 10012 || number == 10017 || number == 10019;
-        EXPECT_EQ(std::filesystem::exists(Ini()), has_file) << number;
+        EXPECT_EQ(std::filesystem::exists(ini), has_file) << number;
     }
-    EXPECT_EQ(known, 21);
     EXPECT_TRUE(boxes.Take().empty());
 }
 
-TEST_F(Initialisation, WhatTheFileSaysGoverns) {
-    std::ofstream(Ini()) << "[ROOMSTATUS_CLEAN]\ndst_cdpn = 761 \n";
+TEST_F(Initialisation, TheFileGovernsAndAFaultyOneIsAFailedCallThatChangesNothing) {
+    std::ofstream(ini) << "[ROOMSTATUS_CLEAN]\ndst_cdpn = 761 \n";
     EXPECT_EQ(Initialize(L"TYPE10012").result, S_OK);
     EXPECT_TRUE(MeansClean(L"761"));
-    EXPECT_FALSE(MeansClean(L"762"));
+    EXPECT_FALSE(MeansClean(L"999"));
 
-    // Hotel functions of the Panasonic are on, but no telephony has been started; then they are off.
-    const Ref<IDispatch> orders = Create(L"Vintrel.ComEventsTX");
-    const auto wake_up = [&] {
-        return Call(orders.Get(), L"ComEventClockTX",
-                    {Variant(L"TYPE10019"), Variant(101L), Variant(L"0700"), Variant(L"2411"), Variant(short{0}),
-                     Variant(short{1})})
-            .answer.Str();
-    };
-    Initialize(L"TYPE10019");
-    EXPECT_EQ(wake_up(), L"<ERROR>");
-    WritePrivateProfileStringW(L"PANASONIC", L"hotel_enabled", L"False ", Ini().c_str());
-    Initialize(L"TYPE10019");
-    EXPECT_EQ(wake_up(), L"<OK>");
-}
-
-TEST_F(Initialisation, AFaultyFileIsAFailedCallThatSaysWhatIsWrongAndChangesNothing) {
-    std::ofstream(Ini()) << "[ROOMSTATUS_CLEAN]\ndst_cdpn=761\n";
-    Initialize(L"TYPE10012");
-    std::ofstream(Ini()) << "[ROOMSTATUS_CLEAN]\ndst_cdpn=999\n";
+    std::ofstream(ini) << "[ROOMSTATUS_CLEAN]\ndst_cdpn=999\n";
     const auto expect_failure = [this](unsigned number, const wchar_t* words) {
         const Outcome outcome = Initialize(L"TYPE10012");
-        EXPECT_EQ(outcome.result, DISP_E_EXCEPTION);
         EXPECT_EQ(outcome.failure, static_cast<HRESULT>(0x800A0000 + number)) << words;
-        EXPECT_EQ(outcome.source, L"Vintrel.SetServerOptions");
         EXPECT_NE(outcome.description.find(words), std::wstring::npos) << outcome.description;
         EXPECT_TRUE(MeansClean(L"761"));
     };
     WriteCfg(65536);
     expect_failure(6, L"outside 0 to 65535");
     WriteCfg(80);
-    {
-        HANDLE locked = CreateFileW(Cfg().c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr);
-        ASSERT_NE(locked, INVALID_HANDLE_VALUE);
-        expect_failure(75, Cfg().c_str());
-        CloseHandle(locked);
-    }
+    HANDLE locked = CreateFileW(cfg.c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr);
+    ASSERT_NE(locked, INVALID_HANDLE_VALUE);
+    expect_failure(75, cfg.c_str());
+    CloseHandle(locked);
     EXPECT_EQ(Initialize(L"TYPE10012").result, S_OK);
     EXPECT_TRUE(MeansClean(L"999"));
     EXPECT_TRUE(boxes.Take().empty());

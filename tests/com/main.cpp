@@ -4,7 +4,6 @@
 #include <cstdio>
 
 #include "client.h"
-#include "server_control.h"
 
 namespace {
 

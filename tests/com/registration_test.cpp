@@ -1,62 +1,29 @@
 // Registration for the machine and for the user, and use without it.
 #include <gtest/gtest.h>
 
-#include <cstdio>
-#include <map>
-#include <vector>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
 
 #include "Vintrel.h"
 #include "client.h"
-#include "server_control.h"
 
 namespace vintrel::testing {
 namespace {
 
-using Snapshot = std::map<std::wstring, std::wstring>;
-
-/// Every key below, with the names and the texts of its values.
-void Read(HKEY root, const std::wstring& path, Snapshot& snapshot) {
-    HKEY key = nullptr;
-    if (RegOpenKeyExW(root, path.c_str(), 0, KEY_READ, &key) != ERROR_SUCCESS) return;
-    std::wstring& values = snapshot[path];
-    wchar_t name[512];
-    wchar_t data[512];
-    for (DWORD i = 0;; ++i) {
-        DWORD name_length = 512;
-        DWORD data_length = sizeof data;
-        if (RegEnumValueW(key, i, name, &name_length, nullptr, nullptr, reinterpret_cast<BYTE*>(data), &data_length) ==
-            ERROR_NO_MORE_ITEMS)
-            break;
-        values += std::wstring(name, name_length) + L"=" + std::wstring(data, data_length / sizeof(wchar_t)) + L";";
-    }
-    for (DWORD i = 0;; ++i) {
-        DWORD name_length = 512;
-        if (RegEnumKeyExW(key, i, name, &name_length, nullptr, nullptr, nullptr, nullptr) != ERROR_SUCCESS) break;
-        Read(root, path + L"\\" + std::wstring(name, name_length), snapshot);
-    }
-    RegCloseKey(key);
-}
-
-Snapshot ClassesOf(HKEY root) {
-    Snapshot snapshot;
-    Read(root, L"Software\\Classes", snapshot);
-    return snapshot;
+/// Every key of the classes below that root, with its values, as the registry's own tool writes them down.
+std::wstring ClassesOf(const std::wstring& root) {
+    const std::filesystem::path path = ProgramFolder() + L"\\classes.reg";
+    std::filesystem::remove(path);  // a user may have no classes at all
+    _wsystem((L"reg export " + root + L"\\Software\\Classes \"" + path.native() + L"\" /y > NUL 2>&1").c_str());
+    std::ifstream file(path, std::ios::binary);
+    const std::string bytes(std::istreambuf_iterator<char>{file}, {});
+    return {reinterpret_cast<const wchar_t*>(bytes.data()), bytes.size() / sizeof(wchar_t)};
 }
 
 /// The exit code of regsvr32 with these arguments and the DLL.
-DWORD Regsvr32(const std::wstring& arguments) {
-    std::wstring command = L"regsvr32.exe /s " + arguments + L" \"" + ProgramFolder() + L"\\Vintrel.dll\"";
-    STARTUPINFOW startup = {};
-    startup.cb = sizeof startup;
-    PROCESS_INFORMATION process = {};
-    if (!CreateProcessW(nullptr, command.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup, &process))
-        return 0xFFFF;
-    WaitForSingleObject(process.hProcess, 30'000);
-    DWORD code = 0xFFFF;
-    GetExitCodeProcess(process.hProcess, &code);
-    CloseHandle(process.hThread);
-    CloseHandle(process.hProcess);
-    return code;
+int Regsvr32(const std::wstring& arguments) {
+    return _wsystem((L"regsvr32.exe /s " + arguments + L" \"" + ProgramFolder() + L"\\Vintrel.dll\"").c_str());
 }
 
 /// The program registered the server before its tests; each of these ends with the server registered.
@@ -65,54 +32,47 @@ class Registration : public ::testing::Test {
     ~Registration() override { CallExport("DllRegisterServer"); }
 };
 
-TEST_F(Registration, LeavesTheRegistryAsItWasWhenItIsTakenBack) {
-    ASSERT_EQ(Regsvr32(L"/u"), 0U);
-    const Snapshot before = ClassesOf(HKEY_LOCAL_MACHINE);
-    for (const auto& [path, values] : before) EXPECT_EQ(path.find(L"Vintrel"), std::wstring::npos);
-    ASSERT_FALSE(Create(L"Vintrel.ServerInfo"));
-
-    ASSERT_EQ(Regsvr32(L""), 0U);
-    EXPECT_NE(ClassesOf(HKEY_LOCAL_MACHINE), before);
-    EXPECT_TRUE(Create(L"Vintrel.ServerInfo"));
-    Ref<ITypeLib> library;
-    EXPECT_EQ(LoadRegTypeLib(LIBID_Vintrel, 1, 0, 0, library.Out()), S_OK);
-    library.Reset();
-
-    ASSERT_EQ(Regsvr32(L"/u"), 0U);
-    EXPECT_EQ(ClassesOf(HKEY_LOCAL_MACHINE), before);
-    EXPECT_EQ(Regsvr32(L"/u"), 0U);  // what is not there is no failure
-}
-
-TEST_F(Registration, OfTheUserTouchesTheUsersKeysOnly) {
-    ASSERT_EQ(CallExport("DllUnregisterServer"), S_OK);
-    const Snapshot machine = ClassesOf(HKEY_LOCAL_MACHINE);
-    CallInstall(false, L"user");  // what an earlier run may have left
-    const Snapshot before = ClassesOf(HKEY_CURRENT_USER);
-    ASSERT_EQ(Regsvr32(L"/n /i:user"), 0U);
-    Snapshot user = ClassesOf(HKEY_CURRENT_USER);
-    EXPECT_EQ(ClassesOf(HKEY_LOCAL_MACHINE), machine);
+TEST_F(Registration, OfMachineOrUserTouchesItsOwnKeysAndLeavesThemAsTheyWere) {
+    const struct {
+        std::wstring own, other, arguments;
+    } rows[] = {{L"HKEY_LOCAL_MACHINE", L"HKEY_CURRENT_USER", L""},
+                {L"HKEY_CURRENT_USER", L"HKEY_LOCAL_MACHINE", L"/n /i:user"}};
     wchar_t clsid[39] = {};
     StringFromGUID2(CLSID_PMSEvents, clsid, 39);
-    const std::wstring key = std::wstring(L"Software\\Classes\\CLSID\\") + clsid + L"\\InprocServer32";
-    EXPECT_NE(user[key].find(L"Vintrel.dll"), std::wstring::npos);
-    EXPECT_NE(user[key].find(L"ThreadingModel=Apartment"), std::wstring::npos);
-    ASSERT_EQ(Regsvr32(L"/u /n /i:user"), 0U);
-    EXPECT_EQ(ClassesOf(HKEY_CURRENT_USER), before);
+    const std::wstring key = std::wstring(L"\\Classes\\CLSID\\") + clsid + L"\\InprocServer32]";
+    for (const auto& row : rows) Regsvr32(L"/u " + row.arguments);  // what the program and an earlier run left
+    for (const auto& row : rows) {
+        const std::wstring before = ClassesOf(row.own);
+        const std::wstring other = ClassesOf(row.other);
+        EXPECT_EQ(before.find(L"Vintrel"), std::wstring::npos);
+        ASSERT_FALSE(Create(L"Vintrel.ServerInfo"));
+
+        ASSERT_EQ(Regsvr32(row.arguments), 0);
+        const std::wstring registered = ClassesOf(row.own);
+        ASSERT_NE(registered.find(key), std::wstring::npos);
+        std::wstring values = registered.substr(registered.find(key) + key.size());
+        values.erase(values.find(L'['));
+        EXPECT_NE(values.find(L"Vintrel.dll\""), std::wstring::npos);
+        EXPECT_NE(values.find(L"\"ThreadingModel\"=\"Apartment\""), std::wstring::npos);
+        EXPECT_TRUE(ClassesOf(row.other) == other);
+        if (row.arguments.empty()) {  // not every Windows looks for classes among the user's
+            EXPECT_TRUE(Create(L"Vintrel.ServerInfo"));
+            Ref<ITypeLib> library;
+            EXPECT_EQ(LoadRegTypeLib(LIBID_Vintrel, 1, 0, 0, library.Out()), S_OK);
+        }
+        for (int i = 0; i < 2; ++i) ASSERT_EQ(Regsvr32(L"/u " + row.arguments), 0);  // what is not there is no failure
+        EXPECT_TRUE(ClassesOf(row.own) == before);
+    }
 }
 
 TEST_F(Registration, IsNotNeededWithTheManifest) {
     ASSERT_EQ(CallExport("DllUnregisterServer"), S_OK);
-    const std::wstring path = ProgramFolder() + L"\\client.manifest";
-    FILE* file = _wfopen(path.c_str(), L"w");
-    ASSERT_TRUE(file);
-    std::fprintf(file,
-                 "<assembly xmlns='urn:schemas-microsoft-com:asm.v1' manifestVersion='1.0'>"
-                 "<assemblyIdentity type='win32' name='client' version='1.0.0.0'/>"
-                 "<dependency><dependentAssembly><assemblyIdentity type='win32' name='Vintrel.Server' "
-                 "version='2.841.0.0' processorArchitecture='%s'/></dependentAssembly></dependency></assembly>",
-                 sizeof(void*) == 8 ? "amd64" : "x86");
-    std::fclose(file);
-
+    const std::filesystem::path path = ProgramFolder() + L"\\client.manifest";
+    std::ofstream(path) << "<assembly xmlns='urn:schemas-microsoft-com:asm.v1' manifestVersion='1.0'>"
+                           "<assemblyIdentity type='win32' name='client' version='1.0.0.0'/><dependency>"
+                           "<dependentAssembly><assemblyIdentity type='win32' name='Vintrel.Server' "
+                           "version='2.841.0.0' processorArchitecture='"
+                        << (sizeof(void*) == 8 ? "amd64" : "x86") << "'/></dependentAssembly></dependency></assembly>";
     ACTCTXW context = {};
     context.cbSize = sizeof context;
     context.lpSource = path.c_str();
@@ -123,7 +83,7 @@ TEST_F(Registration, IsNotNeededWithTheManifest) {
     for (const wchar_t* prog_id : kProgIds) EXPECT_TRUE(Create(prog_id)) << prog_id;
     DeactivateActCtx(0, cookie);
     ReleaseActCtx(handle);
-    DeleteFileW(path.c_str());
+    std::filesystem::remove(path);
 }
 
 }  // namespace

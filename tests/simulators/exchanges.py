@@ -33,20 +33,11 @@ class Exchange:
 
     def recover(self):
         """From now on everything is well."""
-        unreachable = self.fault in ("absent", "refused")
-        self.fault = ""
+        fault, self.fault = self.fault, ""
         for filler in self.fillers:
             filler.close()
-        if unreachable:
+        if fault in ("absent", "refused"):
             self._accept()
-
-    def close(self):
-        # Shut down first: the thread in accept() holds on to the socket otherwise.
-        with contextlib.suppress(OSError):
-            self.socket.shutdown(socket.SHUT_RDWR)
-        self.socket.close()
-        for filler in self.fillers:
-            filler.close()
 
     def _fill_queue(self):
         """Nobody takes calls, and the queue is full: the system ignores further calls."""
@@ -74,10 +65,20 @@ class Exchange:
             connection.setsockopt(socket.IPPROTO_TCP, socket.TCP_NODELAY, 1)
             self.converse(connection)
 
+    def orders(self):
+        """The orders that came: their whole requests."""
+        return self.received
+
     # --- faults ---
 
     def fail(self, connection):
         getattr(self, "fault_" + self.fault)(connection)
+
+    def fault_empty(self, connection):
+        connection.sendall(http_answer(""))
+
+    def fault_server_error(self, connection):
+        connection.sendall(http_answer("<h1>Internal Server Error</h1>", "500 Internal Server Error"))
 
     def fault_silence(self, connection):
         while connection.recv(4096):
@@ -104,13 +105,13 @@ class Exchange:
         connection.sendall(bytes(range(256)) * 16)
 
     def fault_endless(self, connection):
-        connection.sendall(self.endless_head())
+        connection.sendall(b"HTTP/1.1 200 OK\r\nContent-Type: text/xml\r\n\r\n")
         while True:
             connection.sendall(b"x" * 65536)
 
 
 def read_request(connection):
-    """Header and body; b"" when the caller has hung up."""
+    """The header, and what came with it; b"" when the caller has hung up."""
     request = b""
     while b"\r\n\r\n" not in request:
         more = connection.recv(65536)
@@ -129,8 +130,8 @@ def header_of(request, name):
 
 
 def http_answer(body, status="200 OK", headers=""):
-    body = body.encode()
-    return f"HTTP/1.1 {status}\r\nContent-Type: text/xml\r\n{headers}Content-Length: {len(body)}\r\n\r\n".encode() + body
+    length = len(body.encode())
+    return f"HTTP/1.1 {status}\r\nContent-Type: text/xml\r\n{headers}Content-Length: {length}\r\n\r\n{body}".encode()
 
 
 class HttpExchange(Exchange):
@@ -158,21 +159,11 @@ class HttpExchange(Exchange):
     def good_answer(self):
         return http_answer(self.ANSWER)
 
-    def endless_head(self):
-        return b"HTTP/1.1 200 OK\r\nContent-Type: text/xml\r\n\r\n"
-
     def fault_wrong(self, connection):
         connection.sendall(http_answer(self.WRONG))
 
-    def fault_empty(self, connection):
-        connection.sendall(http_answer(""))
-
-    def fault_server_error(self, connection):
-        connection.sendall(http_answer("<h1>Internal Server Error</h1>", "500 Internal Server Error"))
-
     def fault_redirect(self, connection):
-        location = f"Location: {self.elsewhere}\r\n"
-        connection.sendall(http_answer("", "302 Found", location))
+        connection.sendall(http_answer("", "302 Found", f"Location: {self.elsewhere}\r\n"))
 
 
 class Innovaphone(HttpExchange):
@@ -221,11 +212,7 @@ class IpOffice(Exchange):
         self.received.append(header + b"\r\n\r\n" + body)
         if self.fault:
             return self.fail(connection)
-        answer = self.good_answer()
-        middle = answer.index(b"Transferred")  # of the success text
-        for piece in (answer[:40], answer[40:middle], answer[middle:middle + 12], answer[middle + 12:]):
-            connection.sendall(piece)
-            time.sleep(0.05)
+        connection.sendall(self.good_answer())
         return self.fault_silence(connection)  # the caller hangs up
 
     def good_answer(self, transferred=CONFIRMED):
@@ -233,37 +220,18 @@ class IpOffice(Exchange):
                            f'<SetUnitConfigurationResult>&lt;Response&gt;{transferred}&lt;/Response&gt;'
                            '</SetUnitConfigurationResult></SetUnitConfigurationResponse></soap:Body></soap:Envelope>')
 
-    def endless_head(self):
-        return b"HTTP/1.1 200 OK\r\n\r\n"
-
     def fault_wrong(self, connection):
         connection.sendall(self.good_answer(self.CONFIRMED.replace("True", "False")))
 
-    def fault_empty(self, connection):
-        connection.sendall(http_answer(""))
-
-    def fault_server_error(self, connection):
-        connection.sendall(http_answer("<h1>Internal Server Error</h1>", "500 Internal Server Error"))
-        self.fault_silence(connection)
-
 
 def make_certificate(folder, expired=False):
-    """Certificate and key: self-signed for another name, valid, or long over. Made once per folder."""
+    """Certificate and key: self-signed for another name, valid, or over. Made once per folder."""
     name = os.path.join(folder, "expired" if expired else "own")
-    certificate, key = name + ".pem", name + ".key"
-    if os.path.exists(certificate):
-        return certificate, key
-    request, settings = name + ".csr", name + ".cnf"
-    with open(settings, "w", encoding="ascii") as file:
-        file.write(f"[ca]\ndefault_ca=own\n[own]\ndatabase={name}.txt\nserial={name}.srl\nnew_certs_dir={folder}\n"
-                   "default_md=sha256\npolicy=names\n[names]\ncommonName=supplied\n")
-    open(name + ".txt", "w", encoding="ascii").close()
-    with open(name + ".srl", "w", encoding="ascii") as file:
-        file.write("02\n" if expired else "01\n")
-    years = ("20200101000000Z", "20200201000000Z") if expired else ("20250101000000Z", "20450101000000Z")
-    quietly = {"check": True, "stdout": subprocess.DEVNULL, "stderr": subprocess.DEVNULL}
-    subprocess.run(["openssl", "req", "-newkey", "rsa:2048", "-nodes", "-keyout", key, "-out", request,
-                    "-subj", "/CN=somewhere.example"], **quietly)
-    subprocess.run(["openssl", "ca", "-batch", "-notext", "-selfsign", "-config", settings, "-keyfile", key,
-                    "-in", request, "-out", certificate, "-startdate", years[0], "-enddate", years[1]], **quietly)
+    certificate, key, request = name + ".pem", name + ".key", name + ".csr"
+    if not os.path.exists(certificate):
+        for command in (["req", "-newkey", "rsa:2048", "-nodes", "-keyout", key, "-out", request,
+                         "-subj", "/CN=somewhere.example"],
+                        ["x509", "-req", "-in", request, "-signkey", key, "-out", certificate,
+                         "-days", "0" if expired else "3650"]):
+            subprocess.run(["openssl", *command], check=True, capture_output=True)
     return certificate, key

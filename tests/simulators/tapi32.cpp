@@ -2,18 +2,20 @@
 // variable VINTREL_TAPI_LOG names; how the service behaves is read from the file VINTREL_TAPI_BEHAVIOUR at each call,
 // as lines "key=value":
 //   lines=EXT00101,EXT00204   the voice lines, in device order; a name that begins with "-" is no voice line
-//   initialize, negotiate, capabilities, open, request=fail    that call fails (negotiate and capabilities: of device
-//   0) reply=none | other | early | late                          none, for another request, before the call
-//   returns, 3.5 s
+//   initialize, negotiate, capabilities, open, request=fail   that call fails (the second and third: of device 0)
+//   reply=none | other | early | late         none, for another request, before the call returns, after 3.5 s
 #include <windows.h>
 
 #include <tapi.h>
 
-#include <algorithm>
 #include <cstdarg>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <fstream>
+#include <functional>
+#include <map>
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -27,13 +29,7 @@ LINECALLBACK callback = nullptr;
 DWORD next_request = 0x10000;
 DWORD open_lines = 0;
 
-struct Reply {
-    UINT_PTR timer;
-    DWORD line;
-    DWORD_PTR instance;
-    DWORD request;
-};
-std::vector<Reply> waiting;
+std::map<UINT_PTR, std::function<void()>> replies;  // by their timers
 
 void Log(const char* format, ...) {
     FILE* const file = std::fopen(std::getenv("VINTREL_TAPI_LOG"), "a");
@@ -46,42 +42,28 @@ void Log(const char* format, ...) {
 }
 
 std::string Behaviour(const std::string& key) {
-    FILE* const file = std::fopen(std::getenv("VINTREL_TAPI_BEHAVIOUR"), "r");
-    if (file == nullptr) return {};
-    std::string value;
-    char buffer[1024];
-    while (std::fgets(buffer, sizeof buffer, file) != nullptr) {
-        std::string line(buffer, std::strcspn(buffer, "\r\n"));
-        if (line.rfind(key + "=", 0) == 0) value = line.substr(key.size() + 1);
-    }
-    std::fclose(file);
-    return value;
+    std::ifstream file(std::getenv("VINTREL_TAPI_BEHAVIOUR"));
+    for (std::string line; std::getline(file, line);)
+        if (line.starts_with(key + "=")) return line.substr(key.size() + 1);
+    return {};
 }
 
 std::vector<std::string> Lines() {
-    std::vector<std::string> lines(1);
-    for (const char c : Behaviour("lines")) {
-        if (c == ',')
-            lines.emplace_back();
-        else
-            lines.back() += c;
-    }
+    std::vector<std::string> lines;
+    std::istringstream names(Behaviour("lines"));
+    for (std::string name; std::getline(names, name, ',');) lines.push_back(name);
     return lines;
 }
 
 /// What the exchange's service gives with a reply: the request, 0 for success, and a negative number.
 void Deliver(DWORD line, DWORD_PTR instance, DWORD request) {
     constexpr DWORD kLineReply = 12;
-    if (callback != nullptr) callback(line, kLineReply, instance, request, 0, 0xFFFFFFFF);
+    callback(line, kLineReply, instance, request, 0, 0xFFFFFFFF);
 }
 
 void CALLBACK OnReply(HWND, UINT, UINT_PTR timer, DWORD) {
     KillTimer(nullptr, timer);
-    const auto reply = std::find_if(waiting.begin(), waiting.end(), [&](const Reply& r) { return r.timer == timer; });
-    if (reply == waiting.end()) return;
-    const Reply due = *reply;
-    waiting.erase(reply);
-    Deliver(due.line, due.instance, due.request);
+    if (const auto reply = replies.extract(timer)) reply.mapped()();
 }
 
 }  // namespace
@@ -142,23 +124,17 @@ LONG WINAPI lineOpen(HLINEAPP application, DWORD device, LPHLINE line, DWORD ver
 }
 
 LONG WINAPI lineDevSpecific(HLINE line, DWORD address, HCALL call, LPVOID block, DWORD size) {
-    std::string hex;
-    for (DWORD i = 0; i < size; ++i) {
-        char digits[3];
-        std::snprintf(digits, sizeof digits, "%02x", static_cast<const unsigned char*>(block)[i]);
-        hex += digits;
-    }
-    Log("lineDevSpecific line=%lx address=%lx call=%lx size=%lu block=%s\n", line, address, call, size, hex.c_str());
+    Log("lineDevSpecific line=%lx address=%lx call=%lx size=%lu block=", line, address, call, size);
+    for (DWORD i = 0; i < size; ++i) Log("%02x", static_cast<const unsigned char*>(block)[i]);
+    Log("\n");
     if (Behaviour("request") == "fail") return kFailed;
     const DWORD request = ++next_request;
     const std::string reply = Behaviour("reply");
-    if (reply == "none") return static_cast<LONG>(request);
-    if (reply == "early") {
-        Deliver(line, address, request);
-        return static_cast<LONG>(request);
-    }
-    const DWORD replied = reply == "other" ? request + 1000 : request;
-    waiting.push_back({SetTimer(nullptr, 0, reply == "late" ? 3500 : 30, OnReply), line, address, replied});
+    const auto deliver = [=] { Deliver(line, address, reply == "other" ? request + 1000 : request); };
+    if (reply == "early")
+        deliver();
+    else if (reply != "none")
+        replies[SetTimer(nullptr, 0, reply == "late" ? 3500 : 30, OnReply)] = deliver;
     return static_cast<LONG>(request);
 }
 

@@ -1,8 +1,8 @@
 """Orders of the four driven exchanges through the server's COM classes, against exchanges that work and that fail.
 
 usage: test_orders.py ORDER_CLIENT VINTREL_DLL VINTREL_HOST WORK_FOLDER [PART_OF_A_SCENARIO_NAME]
-WORK_FOLDER is emptied first. Needs wine in the path and its prefix in WINEPREFIX. Scenarios run side by side, each with a host process of its own;
-the time from an order to its verdict is measured in that process.
+WORK_FOLDER is emptied first. Needs wine in the path and its prefix in WINEPREFIX. Scenarios run side by side, each with
+a host process of its own; the time from an order to its verdict is measured in that process.
 """
 import base64
 import concurrent.futures
@@ -15,13 +15,15 @@ import sys
 import tempfile
 import threading
 
-from exchanges import PASSWORD, USER, Grandstream, HttpExchange, Innovaphone, IpOffice, make_certificate
+from exchanges import PASSWORD, USER, Grandstream, Innovaphone, IpOffice, make_certificate
 
 CLIENT, SERVER, PROGRAM, FOLDER = (os.path.abspath(path) for path in sys.argv[1:5])
 TOKEN = hashlib.md5((USER + PASSWORD).encode()).hexdigest().upper()
 TYPES = {Innovaphone: "TYPE10012", Grandstream: "TYPE10020", IpOffice: "TYPE10017"}
 NAMES = {Innovaphone: "innovaphone", Grandstream: "Grandstream", IpOffice: "IP Office"}
 PANASONIC = "TYPE10019"
+OPERATIONS = {"wakeup": "ComEventClockTX", "checkin": "ComEventCheckInTX", "checkout": "ComEventCheckOutTX",
+              "name": "ComEventUserNameTX"}
 measured, measuring = [], threading.Lock()
 
 
@@ -59,11 +61,12 @@ class Host:
         self.process = subprocess.Popen(["wine", CLIENT, windows(SERVER)], env=settings, stdin=subprocess.PIPE,
                                         stdout=subprocess.PIPE, stderr=self.errors)
         self.said = b""
-        self.do("documents", windows(self.folder))
+        self.do("SetAllUserCommonDocumentsDirA", windows(self.folder))
         self.initialize()
 
     def initialize(self):
-        expect(self.do("initialize", self.type)[0], "done", "initialisation")
+        for stage in ("InitializeServer", "InitializeServerSec"):
+            expect(self.do(stage, self.type)[0], "0", "initialisation")
 
     def send(self, *words):
         self.process.stdin.write("\t".join(str(word) for word in words).encode() + b"\n")
@@ -78,7 +81,11 @@ class Host:
         return "\t".join(answer), int(milliseconds)
 
     def order(self, what, room, *words):
-        return self.do(what, self.type, room, *words)
+        return self.do(OPERATIONS[what], self.type, room, *words)
+
+    def meanwhile(self, what, room, *words):
+        """This order will come during the next one."""
+        self.send("during", 700, OPERATIONS[what], self.type, room, *words)
 
     def check_out(self):
         return self.order("checkout", 204, 0)
@@ -102,82 +109,64 @@ def expect_fault(host, kind, fault, most):
     with measuring:
         measured.append((kind, fault, milliseconds))
     expect(answer, "<ERROR>", f"verdict of {kind}: {fault}")
-    if milliseconds > most:
-        raise AssertionError(f"{kind}: {fault} took {milliseconds} ms, limit {most}")
+    expect(milliseconds <= most, True, f"{kind}: {fault} took {milliseconds} ms, limit {most}")
 
 
 # --- orders of an exchange -------------------------------------------------------------------------------------------
 
+def make_exchange(kind, *how):
+    return kind(FOLDER, *how) if kind is Grandstream else kind(*how)
+
+
+def carried_out(exchange, orders, **addresses):
+    """Every order is confirmed. Gives the orders as the exchange got them."""
+    host = Host(TYPES[type(exchange)], exchange.port, **addresses)
+    for order in orders:
+        expect(host.order(*order)[0], "<OK>", order)
+    host.end()
+    expect(len(exchange.orders()), len(orders), "number of orders")
+    return exchange.orders()
+
+
 def innovaphone_carries_out_orders():
     exchange = Innovaphone()
-    host = Host("TYPE10012", exchange.port)
     page = "/PBX0/ADMIN/mod_cmd_login.xml?cmd=submit-"
-    orders = [
-        (("wakeup", 204, "0730", "1511", 2, 2), page + "wakeup&cn=204&name=wakeup-moh-en&num=&h=07&m=30&s=00&retry=2"
-         "&mult=on&to=300&fallback=123&wakeup=&guid=*"),
-        (("checkin", 204, 'Renè "R" Rossi', 1, 1), page + "object&cfnr=15&busy-out=1&cn=204"
-         "&dn=Ren%C3%A8%20%22R%22%20Rossi&filter=checkin&guid=*"),
-    ]
-    for order, _ in orders:
-        expect(host.order(*order)[0], "<OK>", order)
-    expect(exchange.orders(), [target for _, target in orders], "request targets")
+    expect(carried_out(exchange, [("wakeup", 204, "0730", "1511", 2, 2), ("checkin", 204, 'Renè "R" Rossi', 1, 1)]), [
+        page + "wakeup&cn=204&name=wakeup-moh-en&num=&h=07&m=30&s=00&retry=2&mult=on&to=300&fallback=123&wakeup=&guid=*",
+        page + "object&cfnr=15&busy-out=1&cn=204&dn=Ren%C3%A8%20%22R%22%20Rossi&filter=checkin&guid=*"], "targets")
     first = exchange.received[0].decode()
     expect(first.startswith("GET /PBX0/"), True, "method of " + first)
     expect("Authorization" in first, False, "credentials before they were asked for")
-    host.end()
 
 
 def grandstream_carries_out_orders():
-    exchange = Grandstream(FOLDER)
-    host = Host("TYPE10020", exchange.port)
-    room = "%3Caddress%3E204%3C/address%3E%3Croom%3E204%3C/room%3E"
-    orders = [
-        (("wakeup", 204, "0730", "3112", 0, 0), f"%3Cwakeup%3E{room}%3Cw_action%3E1%3C/w_action%3E%3Cw_mode%3E1"
-         "%3C/w_mode%3E%3Cw_time%3E0730%3C/w_time%3E%3Cw_date%3E"),
-        (("checkin", 204, "Renè & Co", 4, 0),
-         f"%3Ccheckin%3E{room}%3Caccount%3E204%3C/account%3E%3Clanguage%3EES_ES%3C/language%3E"
-         "%3Cfirstname%3ERen%C3%A8%20&%20Co%3C/firstname%3E%3Clastname%3E%3C/lastname%3E%3Cdatein%3E"),
-    ]
-    for order, _ in orders:
-        expect(host.order(*order)[0], "<OK>", order)
-    targets = exchange.orders()
-    expect(len(targets), len(orders), "number of requests")
-    for target, (order, document) in zip(targets, orders):
-        start = f"/pmsapi?token={TOKEN}&format=xml&data=%3Cpms_data_request%3E{document}"
-        expect(target[:len(start)], start, order)
-        expect(target.endswith("%3C/pms_data_request%3E"), True, "end of " + target)
+    exchange = Grandstream(FOLDER, "", True)  # its certificate may be over, and for another name
+    target, = carried_out(exchange, [("checkin", 204, "Renè & Co", 4, 0)])
+    start = (f"/pmsapi?token={TOKEN}&format=xml&data=%3Cpms_data_request%3E%3Ccheckin%3E%3Caddress%3E204%3C/address%3E"
+             "%3Croom%3E204%3C/room%3E%3Caccount%3E204%3C/account%3E%3Clanguage%3EES_ES%3C/language%3E"
+             "%3Cfirstname%3ERen%C3%A8%20&%20Co%3C/firstname%3E%3Clastname%3E%3C/lastname%3E%3Cdatein%3E")
+    expect((target[:len(start)], target[-23:]), (start, "%3C/pms_data_request%3E"), "target")
     for request in exchange.received:
         expect(request.startswith(b"POST "), True, "method of " + request.decode())
         expect([line for line in request.split(b"\r\n") if line.lower().startswith((b"format", b"content-length"))],
                [b"format: xml", b"Content-Length: 0"], "headers")
-    host.end()
-
-
-def grandstream_certificate_may_be_expired_and_for_another_name():
-    exchange = Grandstream(FOLDER, expired=True)
-    host = Host("TYPE10020", exchange.port)
-    expect(host.check_out()[0], "<OK>", "expired certificate")
-    host.end()
 
 
 def ip_office_carries_out_all_orders():
     exchange = IpOffice()
-    host = Host("TYPE10017", exchange.port, host="unit.example", unit="localhost")
     rights = "&lt;UserRights&gt;{}&lt;/UserRights&gt;"
     name = "&lt;FullName&gt;{}&lt;/FullName&gt;"
-    orders = [
-        (("checkin", 204, "Renè <R> & 𝄞", 1, 1), rights.format("CheckIn") + name.format("Ren&#232; &lt;R&gt; & &#119070;")),
-        (("checkin", 204, "Rossi", 1, 0), rights.format("CheckIn")),
-        (("checkout", 204, 1), rights.format("CheckOut") + name.format("")),
-        (("checkout", 204, 0), rights.format("CheckOut")),
-        (("name", 204, "Rossi"), name.format("Rossi")),
-    ]
-    for order, _ in orders:
-        expect(host.order(*order)[0], "<OK>", order)
-    expect(host.order("wakeup", 204, "0730", "1511", 0, 0)[0], "", "a wake-up call is no order here")
+    orders = {
+        ("checkin", 204, "Renè <R> & 𝄞", 1, 1):
+            rights.format("CheckIn") + name.format("Ren&#232; &lt;R&gt; & &#119070;"),
+        ("checkin", 204, "Rossi", 1, 0): rights.format("CheckIn"),
+        ("checkout", 204, 1): rights.format("CheckOut") + name.format(""),
+        ("checkout", 204, 0): rights.format("CheckOut"),
+        ("name", 204, "Rossi"): name.format("Rossi"),
+    }
+    requests = carried_out(exchange, orders, host="unit.example", unit="localhost")
     declaration = '<?xml version="1.0" encoding="utf-8"?>'
-    expect(len(exchange.received), len(orders), "number of requests")
-    for request, (order, elements) in zip(exchange.received, orders):
+    for request, (order, elements) in zip(requests, orders.items()):
         header, _, body = request.decode("ascii").partition("\r\n\r\n")
         space = body.partition('<SetUnitConfiguration xmlns="')[2].partition('"')[0]
         expect(body, declaration + '<soap:Envelope xmlns:soap="http://schemas.xmlsoap.org/soap/envelope/" '
@@ -194,14 +183,9 @@ def ip_office_carries_out_all_orders():
             "User-Agent: Mozilla/4.0 (compatible; MSIE 6.0; MS Web Services Client Protocol 4.0.30319.42000)",
             "Content-Type: text/xml; charset=utf-8", f'SOAPAction: "{space}/IPOConfigService/SetUnitConfiguration"',
             f"Host: localhost:{exchange.port}", f"Content-Length: {len(body)}", "Expect: 100-continue"], order)
-    host.end()
 
 
 # --- faults of the network --------------------------------------------------------------------------------------------
-
-def make_exchange(kind, fault=""):
-    return kind(FOLDER, fault) if kind is Grandstream else kind(fault)
-
 
 def long_fault(kind, fault, most):
     def scenario():
@@ -211,7 +195,6 @@ def long_fault(kind, fault, most):
         exchange.recover()
         expect(host.check_out()[0], "<OK>", f"the order after {fault}")
         host.end()
-        exchange.close()
     scenario.__name__ = f"{NAMES[kind]} {fault}"
     return scenario
 
@@ -228,12 +211,13 @@ def quick_faults(kind, faults):
         memory = int(host.do("memory")[0])
         for fault in faults:
             exchange.fault = fault
+            exchange.received.clear()
             expect_fault(host, NAMES[kind], fault, 5000)
+            expect(len(exchange.orders()), 1, f"{fault}: how often the order reached the exchange")
             exchange.fault = ""
             expect(host.check_out()[0], "<OK>", f"the order after {fault}")
         grown = int(host.do("memory")[0]) - memory
-        if grown > 16 * 1024:
-            raise AssertionError(f"{NAMES[kind]}: the faults made the process grow by {grown} KiB")
+        expect(grown < 16 * 1024, True, f"{NAMES[kind]}: the faults made the process grow by {grown} KiB")
         expect(elsewhere.received, [], "what a redirect brought to another server")
         host.end()
     scenario.__name__ = f"{NAMES[kind]} quick faults"
@@ -244,13 +228,11 @@ def another_order_meanwhile(kind):
     def scenario():
         exchange = make_exchange(kind, "late")
         host = Host(TYPES[kind], exchange.port)
-        host.send("during", 700, "checkin", TYPES[kind], 9, "Bianchi", 0, 1)
+        host.meanwhile("checkin", 9, "Bianchi", 0, 1)
         answer, milliseconds = host.order("checkout", 204, 1)
         expect(answer, "during: <ERROR>\t<OK>", "both verdicts")
-        if milliseconds < 1900:
-            raise AssertionError(f"the order was answered before the exchange did: {milliseconds} ms")
-        received = exchange.orders() if isinstance(exchange, HttpExchange) else exchange.received
-        expect(len(received), 1, "number of orders that reached the exchange")
+        expect(milliseconds >= 1900, True, f"the exchange's answer was awaited: {milliseconds} ms")
+        expect(len(exchange.orders()), 1, "number of orders that reached the exchange")
         exchange.fault = ""
         expect(host.check_out()[0], "<OK>", "the next order")
         host.end()
@@ -261,15 +243,6 @@ def another_order_meanwhile(kind):
 def ip_office_of_an_unknown_name():
     host = Host("TYPE10017", 8085, unit="no-such-unit.invalid")
     expect_fault(host, "IP Office", "unknown name", 11000)
-    host.end()
-
-
-def wrong_credentials():
-    exchange = Innovaphone()
-    exchange.AUTHORIZATION = "Basic of somebody else"
-    host = Host("TYPE10012", exchange.port)
-    expect_fault(host, "innovaphone", "wrong credentials", 3000)
-    expect(len(exchange.received), 2, "requests: one without, one with the credentials")
     host.end()
 
 
@@ -303,40 +276,24 @@ class Telephony:
         os.remove(self.log)
         return calls
 
-    def requests(self):
-        """Command, time, repeat flag, both name lengths and the name of each request since the last time."""
-        blocks = [bytes.fromhex(call.partition("block=")[2]) for call in self.calls() if "block=" in call]
-        for block in blocks:
-            expect((len(block), block[0:12], block[20:24]), (61, b"=" + bytes(11), bytes(4)), "fixed part of the block")
-        return [struct.unpack("<II", block[12:20]) + struct.unpack("<III", block[24:36]) +
-                (block[36:].rstrip(b"\0").decode("cp1252"),) for block in blocks]
-
 
 def panasonic_carries_out_orders():
     telephony = Telephony()
     host = telephony.host()
     expect(telephony.calls(), ["lineInitializeExA module=1 name=Vintrel version=30000 size=24 options=0"], "start-up")
-    at = 7 * 2048 + 30 * 32
-    orders = [
-        (("wakeup", 204, "0730", "1511", 2, 0), [(6, at, 1, 0, 0, "")]),
-        (("checkin", 204, " Renè ", 1, 0), [(63, at, 1, 0, 0, ""), (13, at, 1, 5, 56, "Renè")]),
-    ]
-    for order, requests in orders:
-        expect(host.order(*order)[0], "<OK>", order)
-        expect(telephony.requests(), requests, order)
-    host.check_out()
-    expect([call.partition(" block=")[0] for call in telephony.calls()], [
-        "lineNegotiateAPIVersion application=a0 device=0 low=10003 high=30000",
-        "lineGetDevCapsA application=a0 device=0 version=20000 extension=0 size=2301",
-        "lineNegotiateAPIVersion application=a0 device=1 low=10003 high=30000",
-        "lineGetDevCapsA application=a0 device=1 version=20001 extension=0 size=2301",
-        "lineNegotiateAPIVersion application=a0 device=2 low=10003 high=30000",
-        "lineGetDevCapsA application=a0 device=2 version=20002 extension=0 size=2301",
-        "lineNegotiateAPIVersion application=a0 device=2 low=10003 high=30000",
-        "lineOpen application=a0 device=2 version=20002 extension=0 instance=544e4956 privileges=6 media=4 parameters=0",
-        "lineDevSpecific line=b2 address=544e4956 call=0 size=61",
-        "lineClose line=b2"], "calls of one order")
-    expect(host.do("uninitialize", PANASONIC)[0], "done", "the end")
+    expect(host.order("checkin", 204, " Renè ", 1, 0)[0], "<OK>", "check-in")
+    wanted = []
+    for device in range(3):
+        wanted += [f"lineNegotiateAPIVersion application=a0 device={device} low=10003 high=30000",
+                   f"lineGetDevCapsA application=a0 device={device} version=2000{device} extension=0 size=2301"]
+    wanted += ["lineNegotiateAPIVersion application=a0 device=2 low=10003 high=30000",
+               "lineOpen application=a0 device=2 version=20002 extension=0 instance=544e4956 privileges=6 media=4 "
+               "parameters=0"]
+    for command, *name in ((63, 0, 0, b""), (13, 5, 56, "Renè".encode("cp1252"))):
+        block = b"=" + bytes(11) + struct.pack("<I12xII25s", command, *name)
+        wanted.append(f"lineDevSpecific line=b2 address=544e4956 call=0 size=61 block={block.hex()}")
+    expect(telephony.calls(), [*wanted, "lineClose line=b2"], "a check-in")
+    expect(host.do("UnInitializeServer", PANASONIC)[0], "0", "the end")
     expect(telephony.calls(), ["lineShutdown application=a0 open=0"], "shut-down")
     host.end()
 
@@ -369,14 +326,14 @@ def panasonic_faults():
     telephony.behave(reply="early")
     expect(host.check_out()[0], "<OK>", "a reply before the request has returned")
     telephony.behave(reply="none")
-    host.send("during", 700, "checkout", PANASONIC, 101, 0)
+    host.meanwhile("checkout", 101, 0)
     expect(host.check_out()[0], "during: <ERROR>\t<ERROR>", "an order during another")
     opened = [call for call in telephony.calls() if call.startswith("lineOpen")]
     expect([call for call in opened if "device=0" in call], [], "lines that the order in between opened")
     # A reply that comes after the shut-down finds nobody.
     telephony.behave(reply="late")
     host.check_out()
-    host.do("uninitialize", PANASONIC)
+    host.do("UnInitializeServer", PANASONIC)
     expect(host.check_out()[0], "<ERROR>", "an order without the service")
     host.end()
 
@@ -396,7 +353,7 @@ def the_host_program_shows_commands_and_verdicts():
     try:
         expect(run("checkin", "--model", "type12000", "--room", "204", "--name", "Renè", "--language", "it"),
                ("<STX>GI|RN204|GNRenè|GLIT|<ETX>", 0), "a command")
-        expect(run("name", "--model", "TYPE10020", "--room", "204", "--name", "Rossi"), ("", 1), "no order of this model")
+        expect(run("name", "--model", "TYPE10020", "--room", "204", "--name", "R."), ("", 1), "no order of this model")
         expect(run(*order), ("<OK>", 0), "an order carried out")
         exchange.fault = "wrong"
         expect(run(*order), ("<ERROR>", 1), "an order that the exchange refuses")
@@ -410,7 +367,8 @@ HTTP_FAULTS = NETWORK_FAULTS + ["endless_401", "redirect"]
 SCENARIOS = [
     # Ten seconds to the connection, and another ten to the answer, and some for a busy machine.
     *[long_fault(kind, "absent", 12000) for kind in TYPES],
-    *[long_fault(kind, fault, 12000 if kind is Innovaphone else 22000) for kind in TYPES for fault in ("silence", "drip")],
+    *[long_fault(kind, fault, 12000 if kind is Innovaphone else 22000)
+      for kind in TYPES for fault in ("silence", "drip")],
     long_fault(Grandstream, "no_handshake", 12000),
     long_fault(Grandstream, "no_tls", 5000),
     ip_office_of_an_unknown_name,
@@ -418,13 +376,11 @@ SCENARIOS = [
     panasonic_carries_out_orders,
     innovaphone_carries_out_orders,
     grandstream_carries_out_orders,
-    grandstream_certificate_may_be_expired_and_for_another_name,
     ip_office_carries_out_all_orders,
     quick_faults(Innovaphone, HTTP_FAULTS),
     quick_faults(Grandstream, HTTP_FAULTS),
     quick_faults(IpOffice, NETWORK_FAULTS),
     *[another_order_meanwhile(kind) for kind in TYPES],
-    wrong_credentials,
     the_host_program_shows_commands_and_verdicts,
 ]
 

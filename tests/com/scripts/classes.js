@@ -18,20 +18,15 @@ check("name", objects.ServerInfo.GetPabxTypeName(code), "Avaya - IP Office");
 check("undefined", objects.ServerInfo.GetPabxTypeName(undefined), "type not found");
 check("layout", objects.ComGdvFilter.GetGdvRealStringLen(), 87);
 
-var number = 0;
-try {
-    objects.PMSEvents.GetPMS_ColumnData("GI|RN12", "|RN");
-} catch (failure) {
-    number = failure.number & 0xFFFF;
+function failureOf(call) {
+    try {
+        call();
+    } catch (failure) {
+        return failure.number & 0xFFFF;
+    }
+    return 0;
 }
-check("error number", number, 5);
-
-var refused = false;
-try {
-    objects.ServerInfo.GetPabxTypeName(null);
-} catch (failure) {
-    refused = true;
-}
-check("null is refused", refused, true);
+check("error number", failureOf(function () { objects.PMSEvents.GetPMS_ColumnData("GI|RN12", "|RN"); }), 5);
+check("null is refused", failureOf(function () { objects.ServerInfo.GetPabxTypeName(null); }) !== 0, true);
 
 if (failed === 0) WScript.Echo("END");
