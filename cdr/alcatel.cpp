@@ -13,8 +13,9 @@ Outcome ConvertAlcatel(std::u16string_view record, GdvRecord& gdv) {
     Assign<kLine>(gdv, ZeroPad(Trim(Mid(record, 19, 3)), 5));
     Assign<kUser>(gdv, ZeroPad(Trim(Mid(record, 9, 5)), 5));
     AssignReplaced<kNumber>(gdv, Mid(record, 61, 16), u'.', u' ');
-    AssignUserCode(gdv, Trim(Mid(record, 107, 16), u'.'));
-    gdv.Replace<kUserCode>(kUserCode.Width(), u'.', u' ');
+    const std::u16string_view user_code = Trim(Mid(record, 107, 16), u'.');
+    AssignUserCode(gdv, user_code);
+    if (!user_code.empty()) gdv.Replace<kUserCode>(kUserCode.Width(), u'.', u' ');
     AssignNumberValue<kUnity>(gdv, Mid(record, 46, 5));
     AssignDuration(gdv, Mid(record, 37, 2), Mid(record, 40, 2), Mid(record, 43, 2));
     Assign<kType>(gdv, !incoming                               ? kTypeOutgoing
