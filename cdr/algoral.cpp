@@ -35,17 +35,15 @@ Kind KindOf(std::u16string_view letter) {
 void AssignDurationOf(std::u16string_view hours, std::u16string_view minutes, std::u16string_view seconds,
                       GdvRecord& gdv) {
     hours = Trim(hours);
-    const std::u16string_view zeros = kZeros.substr(0, 2 - hours.size());
-    const int h = hours.empty()                                    ? 0
-                  : hours.size() == 1 && server::IsDigit(hours[0]) ? hours[0] - u'0'
-                                                                   : TwoDigits(hours);
-    const int m = TwoDigits(minutes);
-    const int s = TwoDigits(seconds);
+    seconds = Trim(seconds);
+    const bool one_digit = hours.size() == 1 && server::IsDigit(hours.front());
+    const int h = hours.empty() ? 0 : one_digit ? hours.front() - u'0' : TwoDigitValue(hours);
+    const int m = TwoDigitValue(minutes);
+    const int s = TwoDigitValue(seconds);
     if ((h | m | s) >= 0)
         AssignDuration(gdv, h, m, s);
     else
-        AssignNumber<kDurationS>(gdv,
-                                 HoursMinutesSecondsToSeconds(InlineText<6>(zeros, hours, minutes, Trim(seconds))));
+        AssignDuration(gdv, InlineText<2>(kZeros.substr(0, 2 - hours.size()), hours), minutes, seconds);
 }
 
 }  // namespace

@@ -278,7 +278,7 @@ void AssignDateTime(GdvRecord& gdv, const server::DateTime& date_time);
 double HoursMinutesSecondsToSeconds(std::u16string_view hhmmss);
 
 /// The value of two digits; negative for any other text.
-inline int TwoDigits(std::u16string_view text) {
+inline int TwoDigitValue(std::u16string_view text) {
     if (text.size() != 2 || !server::IsDigit(text[0]) || !server::IsDigit(text[1])) return -1;
     return (text[0] - u'0') * 10 + (text[1] - u'0');
 }
@@ -292,9 +292,9 @@ inline void AssignDuration(GdvRecord& gdv, int hours, int minutes, int seconds) 
 /// The same of three texts of at most two characters; texts that are not two digits are joined first.
 inline void AssignDuration(GdvRecord& gdv, std::u16string_view hours, std::u16string_view minutes,
                            std::u16string_view seconds) {
-    const int h = TwoDigits(hours);
-    const int m = TwoDigits(minutes);
-    const int s = TwoDigits(seconds);
+    const int h = TwoDigitValue(hours);
+    const int m = TwoDigitValue(minutes);
+    const int s = TwoDigitValue(seconds);
     if ((h | m | s) >= 0)
         AssignDuration(gdv, h, m, s);
     else

@@ -71,7 +71,7 @@ TEST(Captures, AConversionTakesNothingFromTheHeap) {
     const std::pair<const char16_t*, const char*> captures[] = {
         {u"TYPE10004", "mitel_pc4.txt"},      {u"TYPE10009", "alcatel_oxo.txt"}, {u"TYPE10003", "avaya_integral2.txt"},
         {u"TYPE10001", "avaya_integral.txt"}, {u"TYPE10019", "panasonic.txt"},   {u"TYPE10013", "wildix.txt"},
-        {u"TYPE10020", "grandstream.txt"}};
+        {u"TYPE10020", "grandstream.txt"},    {u"TYPE10010", "algoral.txt"},     {u"TYPE12000", "fias_posting.txt"}};
     const testing::FakeClock clock;
     testing::FakeMessage message;
     for (const auto& [type, file] : captures) {
