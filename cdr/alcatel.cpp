@@ -4,17 +4,16 @@ namespace vintrel::cdr {
 
 using server::Mid;
 using server::Trim;
-using server::ZeroPad;
 
 Outcome ConvertAlcatel(std::u16string_view record, GdvRecord& gdv) {
     const bool incoming = Trim(Mid(record, 14, 3)) == u"<--";
 
     AssignUnreported(gdv);
-    Assign<kLine>(gdv, ZeroPad(Trim(Mid(record, 19, 3)), 5));
-    Assign<kUser>(gdv, ZeroPad(Trim(Mid(record, 9, 5)), 5));
+    AssignZeroPadded<kLine>(gdv, Mid(record, 19, 3));
+    AssignZeroPadded<kUser>(gdv, Mid(record, 9, 5));
     AssignReplaced<kNumber>(gdv, Mid(record, 61, 16), u'.', u' ');
     const std::u16string_view user_code = Trim(Mid(record, 107, 16), u'.');
-    AssignUserCode(gdv, user_code);
+    AssignZeroPadded<kUserCode>(gdv, user_code);
     if (!user_code.empty()) gdv.Replace<kUserCode>(kUserCode.Width(), u'.', u' ');
     AssignNumberValue<kUnity>(gdv, Mid(record, 46, 5));
     AssignDuration(gdv, Mid(record, 37, 2), Mid(record, 40, 2), Mid(record, 43, 2));

@@ -7,7 +7,6 @@ namespace vintrel::cdr {
 
 using server::Mid;
 using server::Trim;
-using server::ZeroPad;
 
 Outcome ConvertIntegral(std::u16string_view record, GdvRecord& gdv) {
     AssignUnreported(gdv);
@@ -19,7 +18,7 @@ Outcome ConvertIntegral(std::u16string_view record, GdvRecord& gdv) {
     Assign<kInfo>(gdv, Mid(record, 33, 1));
     Assign<kType>(gdv, Mid(record, 34, 1));
     Assign<kUnity>(gdv, Mid(record, 35, 4));
-    Assign<kDurationS>(gdv, ZeroPad(Trim(Mid(record, 39, 4)), 5));
+    AssignZeroPadded<kDurationS>(gdv, Mid(record, 39, 4));
     Assign<kDateD>(gdv, Mid(record, 43, 2));
     Assign<kDateM>(gdv, Mid(record, 45, 2));
     Assign<kDateY>(gdv, Mid(record, 47, 2));
@@ -42,8 +41,8 @@ Outcome ConvertIntegral2(server::InOutText& record, GdvRecord& gdv) {
     record.Narrow(line);
 
     AssignUnreported(gdv);
-    Assign<kLine>(gdv, ZeroPad(Trim(Mid(line, 29, 3)), 5));
-    Assign<kUser>(gdv, ZeroPad(Trim(Mid(line, 6, 5)), 5));
+    AssignZeroPadded<kLine>(gdv, Mid(line, 29, 3));
+    AssignZeroPadded<kUser>(gdv, Mid(line, 6, 5));
     Assign<kNumber>(gdv, Mid(line, 11, 16));
     Assign<kUserCode>(gdv, kNoUserCode);
     Assign<kType>(gdv, server::HasValue(Mid(line, 33, 2), 0) ? kTypeIncoming : kTypeOutgoing);

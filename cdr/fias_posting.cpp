@@ -7,7 +7,6 @@
 namespace vintrel::cdr {
 namespace {
 
-using server::BlankPad;
 using server::Left;
 using server::Mid;
 using server::Pair;
@@ -71,7 +70,7 @@ Outcome ConvertFiasPosting(std::u16string_view record, GdvRecord& gdv) {
     Assign<kLine>(gdv, u"00001");
     // A field that no "|" follows fails, and its slots stay empty.
     if (posting.room) AssignNumberValue<kUser>(gdv, *posting.room);
-    if (posting.dialled) Assign<kNumber>(gdv, BlankPad(*posting.dialled, 16));
+    if (posting.dialled) AssignBlankPadded<kNumber>(gdv, *posting.dialled);
     Assign<kUserCode>(gdv, kNoUserCode);
     Assign<kType>(gdv, kTypeOutgoing);
     if (posting.pulses) AssignNumberValue<kUnity>(gdv, *posting.pulses);

@@ -28,14 +28,10 @@ void GdvRecord::Reject() {
     size_ = 1;
 }
 
-void AssignUserCode(GdvRecord& gdv, std::u16string_view user_code) {
-    Assign<kUserCode>(gdv, server::ZeroPad(server::Trim(user_code), 4));
-}
-
 void AssignDateTime(GdvRecord& gdv, const server::DateTime& date_time) {
     gdv.BecomeDigits<kDateD>(static_cast<unsigned>(date_time.day));
     gdv.BecomeDigits<kDateM>(static_cast<unsigned>(date_time.month));
-    gdv.BecomeDigits<kDateY>(static_cast<unsigned>(date_time.year));
+    gdv.BecomeDigits<kDateY>(static_cast<unsigned>(date_time.year % 100));
     gdv.BecomeDigits<kTimeH>(static_cast<unsigned>(date_time.hour));
     gdv.BecomeDigits<kTimeM>(static_cast<unsigned>(date_time.minute));
 }
@@ -43,6 +39,11 @@ void AssignDateTime(GdvRecord& gdv, const server::DateTime& date_time) {
 double HoursMinutesSecondsToSeconds(std::u16string_view hhmmss) {
     return server::NumberValue(server::Left(hhmmss, 2)) * 3600 + server::NumberValue(server::Mid(hhmmss, 3, 2)) * 60 +
            server::NumberValue(server::Right(hhmmss, 2));
+}
+
+void AssignJoinedDuration(GdvRecord& gdv, std::u16string_view hours, std::u16string_view minutes,
+                          std::u16string_view seconds) {
+    AssignNumber<kDurationS>(gdv, HoursMinutesSecondsToSeconds(InlineText<6>(hours, minutes, seconds)));
 }
 
 }  // namespace vintrel::cdr

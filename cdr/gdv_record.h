@@ -12,6 +12,7 @@
 #include <string_view>
 #include <type_traits>
 
+#include "server/control_characters.h"
 #include "server/platform.h"
 #include "server/text.h"
 
@@ -149,38 +150,41 @@ class GdvRecord {
     /// The text must fit.
     template <GdvField Field>
     void Become(std::u16string_view text) {
-        if (text.size() == Field.Width()) {  // as almost always: one copy of known size
+        if (text.size() == Field.Width()) [[likely]] {  // one copy of known size
             CopyFixed<Field.Width()>(At(Field), text.data());
         } else {
             CopyShort(At(Field), text);
         }
-        sizes_[kIndex<Field>] = text.size();
+        sizes_[kIndex<Field>] = static_cast<std::uint8_t>(text.size());
     }
     template <GdvField Field>
     void Become(const server::Padded& text) {
         CopyFixed<Field.Width()>(At(Field), text.character == u'0' ? kZeros.data() : kBlanks.data());
         CopyShort(At(Field) + (text.in_front ? text.count : 0), text.text);
-        sizes_[kIndex<Field>] = text.size();
+        sizes_[kIndex<Field>] = static_cast<std::uint8_t>(text.size());
     }
     /// In the slot's first positions.
     template <GdvField Field>
     void Replace(std::size_t positions, char16_t character, char16_t replacement) {
         char16_t* const slot = At(Field);
-        const std::size_t count = std::min(positions, sizes_[kIndex<Field>]);
+        const std::size_t count = std::min<std::size_t>(positions, sizes_[kIndex<Field>]);
         const auto replaced = [=](char16_t c) { return c == character ? replacement : c; };  // no branch
         if (Field.Width() % 8 == 0 && count == Field.Width())  // in the machine's own pieces
             for (std::size_t i = 0; i < Field.Width(); ++i) slot[i] = replaced(slot[i]);
         else
             for (std::size_t i = 0; i < count; ++i) slot[i] = replaced(slot[i]);
     }
-    /// The last digits of the number, as many as fit.
+    /// With leading zeros. The number must fit.
     template <GdvField Field>
     void BecomeDigits(unsigned number) {
-        char16_t* end = At(Field) + Field.Width();
-        for (std::size_t left = Field.Width(); left > 1; left -= 2, number /= 100)
-            CopyFixed<2>(end -= 2, &kDigitPairs[std::size_t{number % 100} * 2]);
-        if constexpr (Field.Width() % 2 == 1) *--end = static_cast<char16_t>(u'0' + number % 10);
-        sizes_[kIndex<Field>] = Field.Width();
+        char16_t* const slot = At(Field);
+        std::size_t left = Field.Width();
+        for (; left > 2; number /= 100) CopyFixed<2>(slot + (left -= 2), &kDigitPairs[std::size_t{number % 100} * 2]);
+        if (left == 2)
+            CopyFixed<2>(slot, &kDigitPairs[std::size_t{number} * 2]);
+        else
+            *slot = static_cast<char16_t>(u'0' + number);
+        sizes_[kIndex<Field>] = static_cast<std::uint8_t>(Field.Width());
     }
 
     /// The record becomes STX, the slots without the gaps that short ones leave, ETX.
@@ -201,7 +205,7 @@ class GdvRecord {
 
     std::array<char16_t, kGdvRecordLength> characters_;  // written before they are read: `size_` of them count
     std::size_t size_ = 0;
-    std::array<std::size_t, kCount> sizes_{};  // of the slots
+    std::array<std::uint8_t, kCount> sizes_{};  // of the slots
 };
 
 /// What a converter made of a record.
@@ -233,7 +237,26 @@ void Assign(GdvRecord& gdv, std::u16string_view value) {
 /// The same with a padded value; nothing, a failed step, leaves the slot as it was.
 template <GdvField Field>
 [[gnu::always_inline]] inline void Assign(GdvRecord& gdv, const std::optional<server::Padded>& value) {
-    if (value && value->size() <= Field.Width()) gdv.Become<Field>(*value);
+    if (value && value->size() <= Field.Width()) [[likely]]
+        gdv.Become<Field>(*value);
+}
+
+/// Zeros and the trimmed text, all zeros when it is empty; a longer one leaves the slot as it was.
+template <GdvField Field>
+void AssignZeroPadded(GdvRecord& gdv, std::u16string_view text) {
+    const std::u16string_view trimmed = server::Trim(text);
+    if (trimmed.size() <= Field.Width()) [[likely]]
+        gdv.Become<Field>(server::Padded{
+            .text = trimmed, .count = Field.Width() - trimmed.size(), .character = u'0', .in_front = true});
+}
+
+/// The trimmed text with blanks behind it; a longer one leaves the slot as it was.
+template <GdvField Field>
+void AssignBlankPadded(GdvRecord& gdv, std::u16string_view text) {
+    if (text.size() == Field.Width() && text.front() != server::kBlank)
+        gdv.Become<Field>(text);  // what stands behind it are blanks already
+    else
+        Assign<Field>(gdv, server::BlankPad(text, Field.Width()));
 }
 
 /// The smallest whole number that a field has no room for.
@@ -255,7 +278,7 @@ void AssignNumber(GdvRecord& gdv, double value) {
 /// The same for the number value of a text.
 template <GdvField Field>
 void AssignNumberValue(GdvRecord& gdv, std::u16string_view text) {
-    if (const auto plain = server::PlainNumber(text); plain && *plain < kBeyond<Field>)
+    if (const auto plain = server::PlainNumber(text); plain && *plain < kBeyond<Field>) [[likely]]
         gdv.BecomeDigits<Field>(static_cast<unsigned>(*plain));
     else
         AssignNumber<Field>(gdv, server::NumberValue(text));
@@ -268,19 +291,24 @@ inline void AssignUnreported(GdvRecord& gdv) {
     Assign<kMacAddress>(gdv, kNoMacAddress);
 }
 
-/// The trimmed user code, zero-padded; "0000" when it is empty.
-void AssignUserCode(GdvRecord& gdv, std::u16string_view user_code);
-
 /// Day, month, year within the century, hour and minute.
 void AssignDateTime(GdvRecord& gdv, const server::DateTime& date_time);
 
 /// The seconds of a text "hhmmss": its first two, third and fourth, and last two characters, each by its number value.
 double HoursMinutesSecondsToSeconds(std::u16string_view hhmmss);
 
+/// The seconds of three texts of at most two characters, joined first; zero-padded.
+void AssignJoinedDuration(GdvRecord& gdv, std::u16string_view hours, std::u16string_view minutes,
+                          std::u16string_view seconds);
+
 /// The value of two digits; negative for any other text.
 inline int TwoDigitValue(std::u16string_view text) {
-    if (text.size() != 2 || !server::IsDigit(text[0]) || !server::IsDigit(text[1])) return -1;
-    return (text[0] - u'0') * 10 + (text[1] - u'0');
+    if (text.size() != 2) return -1;
+    // Both at a time: what is left of a digit is at most 9, so that 6 more do not reach its fifth bit.
+    const std::uint32_t digits = server::Pair(text[0], text[1]) ^ server::Pair(u'0', u'0');
+    if (((digits | (digits + server::Pair(6, 6))) & server::Pair(0xFFF0, 0xFFF0)) != 0) [[unlikely]]
+        return -1;
+    return static_cast<int>(digits * server::Pair(1, 10) >> 16);
 }
 
 /// The seconds of hours, minutes and seconds, none of which may be negative, zero-padded.
@@ -289,16 +317,16 @@ inline void AssignDuration(GdvRecord& gdv, int hours, int minutes, int seconds) 
     if (duration < kBeyond<kDurationS>) gdv.BecomeDigits<kDurationS>(static_cast<unsigned>(duration));
 }
 
-/// The same of three texts of at most two characters; texts that are not two digits are joined first.
+/// The same of three texts, which almost always have two digits each.
 inline void AssignDuration(GdvRecord& gdv, std::u16string_view hours, std::u16string_view minutes,
                            std::u16string_view seconds) {
     const int h = TwoDigitValue(hours);
     const int m = TwoDigitValue(minutes);
     const int s = TwoDigitValue(seconds);
-    if ((h | m | s) >= 0)
+    if ((h | m | s) >= 0) [[likely]]
         AssignDuration(gdv, h, m, s);
     else
-        AssignNumber<kDurationS>(gdv, HoursMinutesSecondsToSeconds(InlineText<6>(hours, minutes, seconds)));
+        AssignJoinedDuration(gdv, hours, minutes, seconds);
 }
 
 /// The text with a character replaced in its first positions, as many as the trimmed text has: the end of a text with

@@ -6,6 +6,7 @@
 #include "cdr/network_record.h"
 #include "cdr/quoted_fields.h"
 #include "server/text.h"
+#include "server/word.h"
 
 namespace vintrel::cdr {
 namespace {
@@ -13,8 +14,6 @@ namespace {
 using server::UpperBegins;
 using server::UpperContains;
 using server::UpperEquals;
-
-constexpr QuoteStyle kQuotes{.quote = u'\'', .doubled = false};
 
 /// Columns of the published real-time record. Newer firmware adds columns behind these.
 enum Column : std::uint8_t {
@@ -38,62 +37,61 @@ enum Column : std::uint8_t {
     kActionOwner = 29,
     kActionType = 30,
 };
+using Row = QuotedFields<QuoteStyle{.quote = u'\'', .doubled = false}, kActionType>;
 
 constexpr std::u16string_view kTrunkLine = u"00001";
 constexpr std::u16string_view kNoUser = u"0";
 
 enum class Direction : std::uint8_t { Incoming, Outgoing, TrunkToTrunk };
 
-bool IsCallRecord(const QuotedFields& row) {
-    return row.Count() >= kFewest && !UpperEquals(row[kAcctId], u"ACCTID") &&
-           UpperEquals(row[kAmaFlags], u"DOCUMENTATION");
+bool IsCallRecord(const Row& row) {
+    return row.Count() >= kFewest && !UpperEquals<u"ACCTID">(row[kAcctId]) &&
+           UpperEquals<u"DOCUMENTATION">(row[kAmaFlags]);
 }
 
 /// The row that forks a call to a ring group.
-bool IsHelperRow(const QuotedFields& row) {
-    return UpperEquals(row[kLastApp], u"FORKCDR") &&
-           (UpperEquals(row[kLastData], u"AE") || UpperEquals(row[kLastData], u"ARE"));
+bool IsHelperRow(const Row& row) {
+    return UpperEquals<u"FORKCDR">(row[kLastApp]) && UpperEquals<u"AE", u"ARE">(row[kLastData]);
 }
 
 /// Maid codes, wake-up calls, and rows that stand in the start or pause step of the dial plan.
-bool IsFeatureRow(const QuotedFields& row) {
-    const bool dialling = UpperEquals(row[kLastApp], u"DIAL") || UpperEquals(row[kLastApp], u"QUEUE");
-    const bool step = UpperEquals(row[kDst], u"S") || UpperEquals(row[kDst], u"P");
-    return UpperContains(row[kDContext], u"PMS-STATUS") || UpperContains(row[kClid], u"WAKE UP CALL") ||
+bool IsFeatureRow(const Row& row) {
+    const bool dialling = UpperEquals<u"DIAL", u"QUEUE">(row[kLastApp]);
+    const bool step = UpperEquals<u"S", u"P">(row[kDst]);
+    return UpperContains<u"PMS-STATUS">(row[kDContext]) || UpperContains<u"WAKE UP CALL">(row[kClid]) ||
            (step && !dialling);
 }
 
 /// Nothing for an internal call.
-std::optional<Direction> DirectionOf(const QuotedFields& row) {
+std::optional<Direction> DirectionOf(const Row& row) {
     const std::u16string_view user_field = row[kUserField];
-    if (UpperEquals(user_field, u"INTERNAL")) return std::nullopt;
-    if (UpperEquals(user_field, u"INBOUND")) return Direction::Incoming;
-    if (UpperEquals(user_field, u"OUTBOUND")) return Direction::Outgoing;
-    if (UpperContains(user_field, u"EXTERNAL")) return Direction::TrunkToTrunk;
+    if (UpperEquals<u"INTERNAL">(user_field)) return std::nullopt;
+    if (UpperEquals<u"INBOUND">(user_field)) return Direction::Incoming;
+    if (UpperEquals<u"OUTBOUND">(user_field)) return Direction::Outgoing;
+    if (UpperContains<u"EXTERNAL">(user_field)) return Direction::TrunkToTrunk;
 
-    const bool from_trunk = UpperContains(row[kChannelExt], u"TRUNK");
-    const bool to_trunk = UpperContains(row[kDstChannelExt], u"TRUNK") || UpperContains(row[kDContext], u"OUTBOUND");
+    const bool from_trunk = UpperContains<u"TRUNK">(row[kChannelExt]);
+    const bool to_trunk = UpperContains<u"TRUNK">(row[kDstChannelExt]) || UpperContains<u"OUTBOUND">(row[kDContext]);
     if (from_trunk && to_trunk) return Direction::TrunkToTrunk;
     if (from_trunk) return Direction::Incoming;
     if (to_trunk) return Direction::Outgoing;
     return std::nullopt;
 }
 
-bool IsTransferred(const QuotedFields& row) {
+bool IsTransferred(const Row& row) {
     const std::u16string_view context = row[kDContext];
     const std::u16string_view action = row[kActionType];
-    return UpperContains(context, u"FROM-INTERNAL-XFER") || UpperEquals(context, u"TRANSFER") ||
-           UpperEquals(context, u"CALLFORWARD") || UpperBegins(row[kDst], u"XFER-") ||
-           UpperBegins(action, u"TRANSFER") || UpperBegins(action, u"CALLFORWARD") ||
-           UpperContains(action, u"CALL-FORWARD");
+    return UpperContains<u"FROM-INTERNAL-XFER">(context) || UpperEquals<u"TRANSFER", u"CALLFORWARD">(context) ||
+           UpperBegins<u"XFER-">(row[kDst]) || UpperBegins<u"TRANSFER", u"CALLFORWARD">(action) ||
+           UpperContains<u"CALL-FORWARD">(action);
 }
 
 /// One of several legs that ring for the same call: a ring group, a queue.
-bool IsGroupLeg(const QuotedFields& row) {
+bool IsGroupLeg(const Row& row) {
     const std::u16string_view action = row[kActionType];
-    const bool group_application = UpperEquals(row[kLastApp], u"QUEUE") || UpperEquals(row[kLastApp], u"GOSUBIF");
-    return UpperBegins(action, u"RINGGROUP[") || UpperBegins(action, u"QUEUE[") || UpperBegins(action, u"EXT-GROUP") ||
-           UpperEquals(row[kDContext], u"EXT-GROUP") || (group_application && !server::IsDigits(row[kDstChannelExt]));
+    const bool group_application = UpperEquals<u"QUEUE", u"GOSUBIF">(row[kLastApp]);
+    return UpperBegins<u"RINGGROUP[", u"QUEUE[", u"EXT-GROUP">(action) || UpperEquals<u"EXT-GROUP">(row[kDContext]) ||
+           (group_application && !server::IsDigits(row[kDstChannelExt]));
 }
 
 template <GdvField Field>
@@ -101,19 +99,19 @@ void AssignUpperParty(GdvRecord& gdv, std::u16string_view party) {
     AssignParty<Field>(gdv, party, [](char16_t c) { return server::Upper(c); });
 }
 
-void FillOutgoing(const QuotedFields& row, bool continued, GdvRecord& gdv) {
+void FillOutgoing(const Row& row, bool continued, GdvRecord& gdv) {
     const std::u16string_view src = row[kSrc];
     const std::u16string_view user = FirstExtension({src, row[kChannelExt], row[kActionOwner]}, kNoUser);
-    Assign<kUser>(gdv, server::ZeroPad(user, 5));
+    AssignZeroPadded<kUser>(gdv, user);
     AssignUpperParty<kNumber>(gdv, row[kDst]);
     Assign<kType>(gdv, continued ? kTypeOutgoingContinued : kTypeOutgoing);
     AssignUpperParty<kPTYNumber>(gdv, IsExtension(src) ? u"" : src);
 }
 
-void FillIncoming(const QuotedFields& row, bool answered, bool continued, GdvRecord& gdv) {
+void FillIncoming(const Row& row, bool answered, bool continued, GdvRecord& gdv) {
     const std::u16string_view dst = row[kDst];
     const std::u16string_view user = FirstExtension({row[kDstAnswer], row[kDstChannelExt], dst}, kNoUser);
-    Assign<kUser>(gdv, server::ZeroPad(user, 5));
+    AssignZeroPadded<kUser>(gdv, user);
     AssignUpperParty<kNumber>(gdv, row[kSrc]);
     Assign<kType>(gdv, !answered ? kTypeNotAnswered : continued ? kTypeIncomingContinued : kTypeIncoming);
     AssignUpperParty<kPTYNumber>(gdv, dst == user ? u"" : dst);
@@ -122,11 +120,11 @@ void FillIncoming(const QuotedFields& row, bool answered, bool continued, GdvRec
 }  // namespace
 
 Outcome ConvertGrandstream(std::u16string_view record, GdvRecord& gdv) {
-    const QuotedFields row(record, kQuotes, kActionType);
+    const Row row(record);
     if (!IsCallRecord(row) || IsHelperRow(row) || IsFeatureRow(row)) return Outcome::Rejected;
     const std::optional<Direction> direction = DirectionOf(row);
-    const bool accepted = UpperEquals(row[kDisposition], u"ANSWERED");
-    const bool unanswered = UpperEquals(row[kDisposition], u"NO ANSWER");
+    const bool accepted = UpperEquals<u"ANSWERED">(row[kDisposition]);
+    const bool unanswered = UpperEquals<u"NO ANSWER">(row[kDisposition]);
     if (!direction || (!accepted && !unanswered)) return Outcome::Rejected;
 
     const std::int64_t seconds = WholeNumber(row[kBillSec]);

@@ -1,7 +1,6 @@
 #include "cdr/innovaphone.h"
 
 #include <algorithm>
-#include <array>
 #include <optional>
 
 #include "cdr/date_time.h"
@@ -9,6 +8,7 @@
 #include "cdr/network_record.h"
 #include "server/control_characters.h"
 #include "server/text.h"
+#include "server/word.h"
 
 namespace vintrel::cdr {
 namespace {
@@ -21,8 +21,6 @@ using Key = InnovaphoneKey;
 
 constexpr std::u16string_view kGatewayLine = u"00051";
 constexpr std::u16string_view kUnknownUser = u"09999";
-constexpr std::array<std::u16string_view, 5> kLineInterfaces{u"BRI", u"PRI", u"TEL", u"PPP", u"SIP"};
-constexpr std::array<std::u16string_view, 3> kInsideInterfaces{u"SIP", u"RB", u"RT"};
 
 enum class Direction : std::uint8_t { Incoming, Outgoing };
 
@@ -33,16 +31,20 @@ struct Leg {
     bool continued;          ///< an earlier leg of the call has been converted
 };
 
-bool IsOfTheLogStream(std::u16string_view record) {
-    return UpperEquals(Trim(server::Left(record, 11)), u"LOG STARTED") || server::Contains(record, u"</cdr>");
+/// Of the log stream: its banner, or a record of the other kind.
+bool IsOfTheLog(std::u16string_view record, const InnovaphoneKeys& keys) {
+    return keys.OfTheLogStream() || UpperBegins<u"LOG STARTED">(record);
+}
+
+template <server::Word... Kinds>
+bool BothBegin(std::u16string_view one, std::u16string_view other) {
+    return (... || (UpperBegins<Kinds>(one) && UpperBegins<Kinds>(other)));
 }
 
 /// Between two interfaces of the exchange's inner side, or to a tone: nothing is charged.
 bool StaysInside(std::u16string_view src_if, std::u16string_view dst_if) {
-    return dst_if.empty() || UpperBegins(src_if, u"TONE") || UpperBegins(dst_if, u"TONE") ||
-           std::any_of(kInsideInterfaces.begin(), kInsideInterfaces.end(), [&](std::u16string_view kind) {
-               return UpperBegins(src_if, kind) && UpperBegins(dst_if, kind);
-           });
+    return dst_if.empty() || UpperBegins<u"TONE">(src_if) || UpperBegins<u"TONE">(dst_if) ||
+           BothBegin<u"SIP", u"RB", u"RT">(src_if, dst_if);
 }
 
 /// Whether the interfaces begin with what is configured; an end that is not configured does not matter.
@@ -53,8 +55,7 @@ bool Matches(std::u16string_view src_setting, std::u16string_view dst_setting, s
 }
 
 bool IsLineInterface(std::u16string_view interface_name) {
-    return std::any_of(kLineInterfaces.begin(), kLineInterfaces.end(),
-                       [&](std::u16string_view kind) { return UpperBegins(interface_name, kind); });
+    return UpperBegins<u"BRI", u"PRI", u"TEL", u"PPP", u"SIP">(interface_name);
 }
 
 std::optional<Direction> DirectionOf(std::u16string_view src_if, std::u16string_view dst_if,
@@ -94,7 +95,7 @@ void FillIncoming(const Leg& leg, GdvRecord& gdv) {
     const std::u16string_view reached = leg.keys[Key::DstCdpn];
     const bool diverted = dialled != reached && !reached.empty();
 
-    Assign<kUser>(gdv, server::ZeroPad(FirstRoom({reached, dialled}), 5));
+    AssignZeroPadded<kUser>(gdv, FirstRoom({reached, dialled}));
     AssignNumberOf<kNumber>(gdv, leg.keys[Key::SrcCgpn]);
     Assign<kType>(gdv, leg.connected == 0 ? kTypeNotAnswered : leg.continued ? kTypeIncomingContinued : kTypeIncoming);
     AssignNumberOf<kPTYNumber>(gdv, !IsRoom(reached) ? reached : diverted ? dialled : u"");
@@ -107,7 +108,7 @@ void FillOutgoing(const Leg& leg, GdvRecord& gdv) {
     const std::u16string_view user = FirstRoom({diverting, calling, leg.keys[Key::DstCgpn]});
     const bool transferred = leg.continued || !diverting.empty();
 
-    Assign<kUser>(gdv, server::ZeroPad(user, 5));
+    AssignZeroPadded<kUser>(gdv, user);
     AssignNumberOf<kNumber>(gdv, reached.empty() ? leg.keys[Key::SrcCdpn] : reached);
     Assign<kType>(gdv, transferred ? kTypeOutgoingContinued : kTypeOutgoing);
     AssignNumberOf<kPTYNumber>(gdv, calling == user ? u"" : calling);
@@ -157,7 +158,7 @@ Outcome ConvertLeg(const Leg& leg, const server::Settings& settings, const serve
     AssignSeconds(gdv, leg.connected == 0 ? 0 : disconnected - leg.connected);
     AssignInstant(leg, clock, gdv);
     gdv.Clear<kMacAddress>();
-    Assign<kMacAddress>(gdv, server::BlankPad(leg.keys[Key::SrvId], kMacAddress.length));
+    AssignBlankPadded<kMacAddress>(gdv, leg.keys[Key::SrvId]);
     return Outcome::Call;
 }
 
@@ -165,11 +166,11 @@ Outcome ConvertLeg(const Leg& leg, const server::Settings& settings, const serve
 
 Outcome ConvertInnovaphone(std::u16string_view record, ReferenceTable& references, const server::Settings& settings,
                            const server::Clock& clock, GdvRecord& gdv) {
-    if (IsOfTheLogStream(record)) return Outcome::Rejected;
     const InnovaphoneKeys keys(record);
+    if (IsOfTheLog(record, keys)) return Outcome::Rejected;
     const std::u16string_view event = keys[Key::Event];
-    const bool released = UpperEquals(event, u"A:REL");
-    const bool transferred = UpperEquals(event, u"A:X") || UpperEquals(event, u"B:X");
+    const bool released = UpperEquals<u"A:REL">(event);
+    const bool transferred = UpperEquals<u"A:X", u"B:X">(event);
     if (!released && !transferred) return Outcome::Rejected;
 
     const std::u16string_view reference = keys[Key::Ref];

@@ -34,11 +34,14 @@ class InnovaphoneKeys {
     /// Without the blanks around it, which the exchange writes as "+"; inside the value "+" is left. "" for a key that
     /// the record does not have.
     std::u16string_view operator[](InnovaphoneKey key) const { return values_[static_cast<std::size_t>(key)]; }
+    /// Whether "</cdr>" stands anywhere: the record is of another kind.
+    bool OfTheLogStream() const { return of_the_log_stream_; }
 
  private:
     static constexpr std::size_t kCount = 13;
 
     std::array<std::u16string_view, kCount> values_;
+    bool of_the_log_stream_ = false;
 };
 
 }  // namespace vintrel::cdr

@@ -9,13 +9,11 @@
 namespace vintrel::cdr {
 namespace {
 
-using server::BlankPad;
 using server::HasValue;
 using server::Mid;
 using server::NumberValue;
 using server::Right;
 using server::Trim;
-using server::ZeroPad;
 
 struct Leg {
     explicit Leg(std::u16string_view record) : Leg(CommaFields<24>(record)) {}
@@ -125,9 +123,9 @@ Outcome ConvertIpOffice(std::u16string_view record, ContinuationTable& continuat
         const std::u16string_view own = leg.outgoing ? leg.caller : leg.called;
         const std::u16string_view other = leg.outgoing ? leg.called : leg.caller;
         AssignNumberValue<kLine>(gdv, Right(leg.SecondIsTrunk() ? leg.second_device : leg.first_device, 3));
-        Assign<kUser>(gdv, ZeroPad(Trim(leg.FirstIsExtension() ? leg.first_device.substr(1) : own), 5));
-        Assign<kNumber>(gdv, BlankPad(UpToAt(other), 16));
-        Assign<kPTYNumber>(gdv, BlankPad(leg.outgoing ? u"" : UpToAt(leg.dialled), 16));
+        AssignZeroPadded<kUser>(gdv, leg.FirstIsExtension() ? leg.first_device.substr(1) : own);
+        AssignBlankPadded<kNumber>(gdv, UpToAt(other));
+        AssignBlankPadded<kPTYNumber>(gdv, leg.outgoing ? u"" : UpToAt(leg.dialled));
         Assign<kType>(gdv, leg.outgoing ? kTypeOutgoing : kTypeIncoming);
         Continue(leg, leg.outgoing ? kTypeOutgoingContinued : kTypeIncomingContinued, continuation, gdv);
     }
@@ -138,8 +136,8 @@ Outcome ConvertIpOffice(std::u16string_view record, ContinuationTable& continuat
         if (call && seconds) continuation.Add(*call, *seconds);
     }
 
-    AssignUserCode(gdv, leg.account);
-    Assign<kUnity>(gdv, ZeroPad(leg.units, 4));
+    AssignZeroPadded<kUserCode>(gdv, leg.account);
+    Assign<kUnity>(gdv, server::ZeroPad(leg.units, 4));
     AssignDuration(gdv, Mid(leg.connected, 1, 2), Mid(leg.connected, 4, 2), Mid(leg.connected, 7, 2));
     if (gdv.Slot<kDurationS>() == kNoDuration && leg.last && leg.incoming) {
         Assign<kType>(gdv, kTypeNotAnswered);

@@ -3,10 +3,8 @@
 namespace vintrel::cdr {
 namespace {
 
-using server::BlankPad;
 using server::Mid;
 using server::Trim;
-using server::ZeroPad;
 
 /// The first digit of the call-type code is the kind of charging (0 transferred, 1 dialled, 2 incoming, 6 to 9 with
 /// cost centre or private), the second how the call came about.
@@ -29,16 +27,16 @@ Outcome ConvertMitel(std::u16string_view record, GdvRecord& gdv) {
     Assign<kLine>(gdv, Mid(record, 43, 5));
     Assign<kUser>(gdv, Mid(record, 2, 5));
     Assign<kNumber>(gdv, Mid(record, 67, 16));
-    AssignUserCode(gdv, Mid(record, 8, 4));
+    AssignZeroPadded<kUserCode>(gdv, Mid(record, 8, 4));
     Assign<kType>(gdv, TypeOf(Trim(Mid(record, 18, 2))));
-    Assign<kUnity>(gdv, ZeroPad(Trim(Mid(record, 62, 4)), 4));
+    AssignZeroPadded<kUnity>(gdv, Mid(record, 62, 4));
     AssignDuration(gdv, Mid(record, 34, 2), Mid(record, 37, 2), Mid(record, 40, 2));
     Assign<kDateD>(gdv, Mid(record, 25, 2));
     Assign<kDateM>(gdv, Mid(record, 23, 2));
     Assign<kDateY>(gdv, Mid(record, 21, 2));
     Assign<kTimeH>(gdv, Mid(record, 28, 2));
     Assign<kTimeM>(gdv, Mid(record, 31, 2));
-    Assign<kPTYNumber>(gdv, BlankPad(Mid(record, 49, 11), 16));
+    AssignBlankPadded<kPTYNumber>(gdv, Mid(record, 49, 11));
     AssignUnreported(gdv);
     return Outcome::Call;
 }

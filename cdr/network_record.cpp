@@ -1,8 +1,10 @@
 #include "cdr/network_record.h"
 
 #include <algorithm>
+#include <optional>
 #include <utility>
 
+#include "server/scan.h"
 #include "server/text.h"
 
 namespace vintrel::cdr {
@@ -17,17 +19,21 @@ std::u16string_view FirstExtension(std::initializer_list<std::u16string_view> pa
 
 std::int64_t WholeNumber(std::u16string_view text) {
     constexpr std::size_t kLongest = 18;  // what 64 bits hold for certain
-    if (text.size() > kLongest || !IsDigits(text)) return 0;
-    // Two halves that 32 bits hold.
-    constexpr std::uint32_t kBillion = 1'000'000'000;
-    constexpr std::size_t kHalf = 9;
-    const auto value = [](std::u16string_view digits) {
-        std::uint32_t sum = 0;
-        for (const char16_t digit : digits) sum = sum * 10 + (digit - u'0');
-        return sum;
-    };
-    const std::size_t front = text.size() < kHalf ? 0 : text.size() - kHalf;
-    return std::int64_t{value(text.substr(0, front))} * kBillion + value(text.substr(front));
+    constexpr std::size_t kEight = 8;
+    if (text.empty() || text.size() > kLongest) return 0;
+    const char16_t* at = text.data();
+    std::uint32_t front = 0;
+    for (std::size_t left = text.size() % kEight; left != 0; --left, ++at) {
+        if (!server::IsDigit(*at)) return 0;
+        front = front * 10 + (*at - u'0');
+    }
+    std::int64_t number = front;
+    for (const char16_t* const end = text.data() + text.size(); at != end; at += kEight) {
+        const std::optional<std::uint32_t> eight = server::scan::EightDigits(at);
+        if (!eight) return 0;
+        number = number * 100'000'000 + *eight;
+    }
+    return number;
 }
 
 void AssignSeconds(GdvRecord& gdv, std::int64_t seconds) {
@@ -37,7 +43,7 @@ void AssignSeconds(GdvRecord& gdv, std::int64_t seconds) {
 
 void AssignAccount(GdvRecord& gdv, std::u16string_view account) {
     const bool fits = account.size() <= kUserCode.length && IsDigits(account);
-    Assign<kUserCode>(gdv, server::ZeroPad(fits ? account : kNoUserCode, kUserCode.length));
+    AssignZeroPadded<kUserCode>(gdv, fits ? account : kNoUserCode);
 }
 
 void AssignStart(GdvRecord& gdv, std::u16string_view start) {

@@ -28,7 +28,7 @@ std::int64_t WholeNumber(std::u16string_view text);
 /// The party's first 16 characters, blank-padded.
 template <GdvField Field>
 void AssignParty(GdvRecord& gdv, std::u16string_view party) {
-    Assign<Field>(gdv, server::BlankPad(server::Left(party, Field.length), Field.length));
+    AssignBlankPadded<Field>(gdv, server::Left(party, Field.length));
 }
 
 /// The same with every character changed as `change` says.

@@ -1,15 +1,13 @@
 #include "cdr/panasonic.h"
 
-#include "server/scan.h"
+#include "server/word.h"
 
 namespace vintrel::cdr {
 namespace {
 
-using server::BlankPad;
 using server::Left;
 using server::Mid;
 using server::Trim;
-using server::ZeroPad;
 
 constexpr std::u16string_view kIncomingMark = u"<I>";
 constexpr std::u16string_view kDivertedMark = u"<D>";
@@ -36,12 +34,8 @@ Endings EndingsOf(std::u16string_view line) {
 }
 
 bool IsHotelEvent(std::u16string_view line) {
-    const char16_t* at = line.data();
-    const char16_t* const end = at + line.size();
-    for (; (at = server::FindFirst(at, end, server::scan::IsEither{u'C', u'c'})) != end; ++at)
-        for (const std::u16string_view event : {u"CHECK IN", u"CHECK OUT", u"CLEANED UP"})
-            if (server::UpperBegins(std::u16string_view(at, end), event)) return true;
-    return server::UpperContains(line, u"TIMED REMINDER");
+    return server::UpperContains<u"CHECK IN", u"CHECK OUT", u"CLEANED UP">(line) ||
+           server::UpperContains<u"TIMED REMINDER">(line);
 }
 
 /// Hours, minutes and seconds around the first ":" behind the dialled number, printed hh:mm'ss. Without one they are
@@ -62,7 +56,7 @@ std::u16string_view UnitsOf(std::u16string_view line) {
 
 void AssignOutgoing(std::u16string_view line, const Endings& endings, GdvRecord& gdv) {
     Assign<kType>(gdv, endings.transferred ? kTypeOutgoingContinued : kTypeOutgoing);
-    Assign<kNumber>(gdv, BlankPad(Trim(Mid(line, 29, 16), u'-'), 16));
+    AssignBlankPadded<kNumber>(gdv, Trim(Mid(line, 29, 16), u'-'));
     gdv.Replace<kNumber>(kNumber.Width(), u'-', u' ');
     Assign<kPTYNumber>(gdv, kNoPtyNumber);
 }
@@ -76,7 +70,7 @@ void AssignIncoming(std::u16string_view line, std::size_t mark, const Endings& e
     if (diverted == std::u16string_view::npos) {
         Assign<kPTYNumber>(gdv, kNoPtyNumber);
     } else if (const std::size_t from = diverted + kDivertedMark.size(); from <= mark) {
-        Assign<kPTYNumber>(gdv, BlankPad(Left(line.substr(from, mark - from), 16), 16));
+        AssignBlankPadded<kPTYNumber>(gdv, Left(line.substr(from, mark - from), 16));
     }
 }
 
@@ -87,8 +81,8 @@ Outcome ConvertPanasonic(std::u16string_view line, GdvRecord& gdv) {
     if (endings.heading || IsHotelEvent(line)) return Outcome::Rejected;
 
     AssignUnreported(gdv);
-    Assign<kLine>(gdv, ZeroPad(Trim(Mid(line, 24, 4)), 5));
-    Assign<kUser>(gdv, ZeroPad(Trim(Mid(line, 18, 5)), 5));
+    AssignZeroPadded<kLine>(gdv, Mid(line, 24, 4));
+    AssignZeroPadded<kUser>(gdv, Mid(line, 18, 5));
     Assign<kUserCode>(gdv, kNoUserCode);
     AssignNumberValue<kUnity>(gdv, UnitsOf(line));
     AssignDurationOf(line, gdv);

@@ -5,6 +5,9 @@
 #include <cstddef>
 #include <string_view>
 
+#include "server/control_characters.h"
+#include "server/scan.h"
+
 namespace vintrel::cdr {
 
 /// How an exchange puts its values in quotes.
@@ -13,14 +16,42 @@ struct QuoteStyle {
     bool doubled;  ///< a quote inside a value is written twice
 };
 
+/// The first `Wanted` fields of a record; what stands behind them is not read.
+template <QuoteStyle Style, std::size_t Wanted>
 class QuotedFields {
  public:
-    static constexpr std::size_t kCapacity = 32;
-
     /// Line ends around the record are not part of it. A quote opens a value at its first character only, and closes
     /// it before a comma or the end only: any other quote is text, and so are commas and line breaks inside.
-    /// @param wanted  columns to split, at most kCapacity; what stands behind them is not read.
-    QuotedFields(std::u16string_view record, QuoteStyle style, std::size_t wanted);
+    explicit QuotedFields(std::u16string_view record) {
+        record = WithoutLineEnds(record);
+        const char16_t* at = record.data();
+        const char16_t* const end = at + record.size();
+        Field* next = fields_.data();
+        Field* const last = next + Wanted;
+        while (next != last) {
+            if (at == end || *at != Style.quote) {
+                const char16_t* const comma = server::FindFirst(at, end, kComma);
+                *next++ = {at, comma};
+                if (comma == end) break;
+                at = comma + 1;
+                continue;
+            }
+            const char16_t* value = at + 1;
+            bool open = true;
+            server::FindEach(value, end, kComma, [&](const char16_t* comma) {
+                if (!Closes(value, comma)) return true;
+                *next++ = {value, comma - 1};
+                at = comma + 1;
+                value = comma + 2;
+                open = next != last && at != end && *at == Style.quote;
+                return open;
+            });
+            if (!open) continue;
+            *next++ = {value, Closes(value, end) ? end - 1 : end};
+            break;
+        }
+        count_ = static_cast<std::size_t>(next - fields_.data());
+    }
 
     std::size_t Count() const { return count_; }
 
@@ -37,7 +68,24 @@ class QuotedFields {
         const char16_t* begin;
         const char16_t* end;
     };
-    std::array<Field, kCapacity> fields_;  // written before they are read: `count_` of them count
+    static constexpr server::scan::Is kComma{u','};
+
+    static bool IsLineEnd(char16_t character) { return character == server::kCr || character == server::kLf; }
+    static std::u16string_view WithoutLineEnds(std::u16string_view record) {
+        while (!record.empty() && IsLineEnd(record.front())) record.remove_prefix(1);
+        while (!record.empty() && IsLineEnd(record.back())) record.remove_suffix(1);
+        return record;
+    }
+    /// Whether a quote in front of a place closes the value. Doubled quotes in front of it belong to the value.
+    static bool Closes(const char16_t* value, const char16_t* at) {
+        if (at <= value || at[-1] != Style.quote) return false;
+        const char16_t* quote = at - 1;
+        if (Style.doubled)
+            while (quote > value && quote[-1] == Style.quote) --quote;
+        return (at - quote) % 2 != 0;
+    }
+
+    std::array<Field, Wanted> fields_;  // written before they are read: `count_` of them count
     std::size_t count_ = 0;
 };
 

@@ -1,14 +1,12 @@
 #include "cdr/wildix.h"
 
-#include <algorithm>
-#include <array>
 #include <cstdint>
 #include <optional>
 
 #include "cdr/network_record.h"
 #include "cdr/quoted_fields.h"
-#include "server/scan.h"
 #include "server/text.h"
+#include "server/word.h"
 
 namespace vintrel::cdr {
 namespace {
@@ -16,8 +14,6 @@ namespace {
 using server::UpperBegins;
 using server::UpperContains;
 using server::UpperEquals;
-
-constexpr QuoteStyle kQuotes{.quote = u'"', .doubled = true};
 
 /// Columns of the published record, without its row number. The converter needs none of those behind them.
 enum Column : std::uint8_t {
@@ -35,15 +31,10 @@ enum Column : std::uint8_t {
     kDisposition = 15,
     kFewest = 15,
 };
+using Row = QuotedFields<QuoteStyle{.quote = u'"', .doubled = true}, kFewest>;
 
 constexpr std::u16string_view kNoUser = u"0";
 constexpr std::u16string_view kFirstLine = u"1";
-
-/// The kinds of ports that the gateways of the exchange name their trunks by.
-constexpr std::array<std::u16string_view, 5> kTrunkKinds{u"BRI", u"PRI", u"GSM", u"BRW", u"FXO"};
-
-constexpr std::array<std::u16string_view, 6> kServiceApplications{u"RXFAX", u"TXFAX",    u"MACROEXIT",
-                                                                  u"READ",  u"PLAYBACK", u"VOICEMAIL"};
 
 /// One side of a call: "SIP/BRI-00000001" has the technology "SIP" and the name "BRI".
 struct Side {
@@ -56,36 +47,39 @@ struct Side {
     bool IsExtension() const { return kind == Kind::Extension; }
     bool IsTrunk() const { return kind == Kind::Trunk; }
     /// A forwarded or transferred leg, which the exchange dials to itself.
-    bool IsLocal() const { return UpperEquals(technology, u"LOCAL"); }
+    bool IsLocal() const { return UpperEquals<u"LOCAL">(technology); }
 };
 
-/// Where a trunk's kind ends in its name; nothing for a name without one.
+/// Where the first of the words ends that stands in the text; nothing for a text without one.
+template <server::Word... Words>
+std::optional<std::size_t> EndOf(std::u16string_view text) {
+    std::size_t found = 0;
+    const auto ends_at = [&](std::size_t place, std::size_t length) {
+        found = place + length;
+        return place != std::u16string_view::npos;
+    };
+    return (... || ends_at(server::UpperFind<Words>(text), Words.kLength)) ? std::optional(found) : std::nullopt;
+}
+
+/// Of the kind of port that the gateways of the exchange name a trunk by.
 std::optional<std::size_t> EndOfTrunkKind(std::u16string_view name) {
-    for (const std::u16string_view kind : kTrunkKinds)
-        for (std::size_t at = 0; at + kind.size() <= name.size(); ++at)
-            if (UpperBegins(name.substr(at), kind)) return at + kind.size();
-    return std::nullopt;
+    return EndOf<u"BRI", u"PRI", u"GSM", u"BRW", u"FXO">(name);
 }
 
 Side::Kind KindOf(const Side& side) {
     using enum Side::Kind;
     if (side.IsLocal() || side.name.empty()) return Neither;
     if (IsExtension(side.name)) return Extension;
-    const bool named = UpperEquals(side.technology, u"SIP") && !server::IsDigits(side.name);
-    if (named || UpperBegins(side.technology, u"IAX") || EndOfTrunkKind(side.name)) return Trunk;
-    if (UpperEquals(side.technology, u"DEVICE") || UpperEquals(side.technology, u"COM")) return Extension;
+    const bool named = UpperEquals<u"SIP">(side.technology) && !server::IsDigits(side.name);
+    if (named || UpperBegins<u"IAX">(side.technology) || EndOfTrunkKind(side.name)) return Trunk;
+    if (UpperEquals<u"DEVICE", u"COM">(side.technology)) return Extension;
     return Neither;
 }
 
 /// Up to "@", else up to the last "-", behind which the number of the channel stands.
 std::u16string_view NameOf(std::u16string_view channel) {
-    const char16_t* const begin = channel.data();
-    const char16_t* end = begin + channel.size();
-    server::FindEach(begin, end, server::scan::IsEither{u'@', u'-'}, [&](const char16_t* at) {
-        end = at;
-        return *at != u'@';
-    });
-    return {begin, end};
+    const std::size_t at = channel.find(u'@');
+    return channel.substr(0, at != std::u16string_view::npos ? at : channel.rfind(u'-'));
 }
 
 Side SideOf(std::u16string_view channel) {
@@ -97,22 +91,22 @@ Side SideOf(std::u16string_view channel) {
 }
 
 struct Call {
-    const QuotedFields& row;
+    const Row& row;
     Side from;
     Side to;
 };
 
 enum class Direction : std::uint8_t { Incoming, Outgoing };
 
-bool IsCallRecord(const QuotedFields& row) { return row.Count() >= kFewest && server::IsNumeric(row[kDuration]); }
+bool IsCallRecord(const Row& row) { return row.Count() >= kFewest && server::IsNumeric(row[kDuration]); }
 
 /// A leg to the exchange itself: fax, voice mail, announcements, digits, look-ups in its data base.
 bool IsServiceLeg(const Call& call) {
     const std::u16string_view application = call.row[kLastApp];
-    const bool service = std::any_of(kServiceApplications.begin(), kServiceApplications.end(),
-                                     [&](std::u16string_view name) { return UpperEquals(application, name); }) ||
-                         UpperContains(application, u"SQL") || UpperContains(application, u"BACKTICKS") ||
-                         call.row[kLastData] == u"Fax received";
+    const bool service =
+        UpperEquals<u"RXFAX", u"TXFAX", u"MACROEXIT", u"READ", u"PLAYBACK", u"VOICEMAIL">(application) ||
+        UpperContains<u"SQL">(application) || UpperContains<u"BACKTICKS">(application) ||
+        call.row[kLastData] == u"Fax received";
     const bool between_extension_and_trunk =
         (call.from.IsExtension() && call.to.IsTrunk()) || (call.from.IsTrunk() && call.to.IsExtension());
     return service && !between_extension_and_trunk;
@@ -141,7 +135,7 @@ std::optional<Direction> DirectionOf(const Call& call) {
 
 void FillOutgoing(const Call& call, GdvRecord& gdv) {
     const std::u16string_view user = FirstExtension({call.row[kSrc], call.from.name}, kNoUser);
-    Assign<kUser>(gdv, server::ZeroPad(user, 5));
+    AssignZeroPadded<kUser>(gdv, user);
     AssignParty<kNumber>(gdv, call.row[kDst]);
     Assign<kType>(gdv, call.from.IsLocal() ? kTypeOutgoingContinued : kTypeOutgoing);
     AssignParty<kPTYNumber>(gdv, u"");
@@ -152,8 +146,8 @@ void FillIncoming(const Call& call, bool answered, GdvRecord& gdv) {
     const std::u16string_view dialled = call.row[kDst];
     const std::u16string_view reached = call.to.IsExtension() ? call.to.name : std::u16string_view{};
     const std::u16string_view user = FirstExtension({reached, dialled}, kNoUser);
-    Assign<kUser>(gdv, server::ZeroPad(user, 5));
-    AssignParty<kNumber>(gdv, UpperEquals(caller, u"ANONYMOUS") ? u"" : caller);
+    AssignZeroPadded<kUser>(gdv, user);
+    AssignParty<kNumber>(gdv, UpperEquals<u"ANONYMOUS">(caller) ? u"" : caller);
     Assign<kType>(gdv, !answered ? kTypeNotAnswered : call.to.IsLocal() ? kTypeIncomingContinued : kTypeIncoming);
     AssignParty<kPTYNumber>(gdv, dialled == user ? u"" : dialled);
 }
@@ -165,18 +159,17 @@ void AssignLine(GdvRecord& gdv, const Side& trunk) {
     const std::u16string_view port = kind_end ? trunk.name.substr(*kind_end) : std::u16string_view{};
     const auto digits = DigitsOnly<kLongestName>(server::Right(port, kLongestName));
     const std::u16string_view line = server::Right(digits, kLine.length);
-    Assign<kLine>(gdv, server::ZeroPad(line.empty() ? kFirstLine : line, kLine.length));
+    AssignZeroPadded<kLine>(gdv, line.empty() ? kFirstLine : line);
 }
 
 }  // namespace
 
 Outcome ConvertWildix(std::u16string_view record, GdvRecord& gdv) {
-    const QuotedFields row(record, kQuotes, kFewest);
+    const Row row(record);
     if (!IsCallRecord(row)) return Outcome::Rejected;
     const std::u16string_view disposition = row[kDisposition];
-    const bool accepted = UpperEquals(disposition, u"ANSWERED");
-    if (!accepted && !UpperEquals(disposition, u"NO ANSWER") && !UpperEquals(disposition, u"BUSY"))
-        return Outcome::Rejected;
+    const bool accepted = UpperEquals<u"ANSWERED">(disposition);
+    if (!accepted && !UpperEquals<u"NO ANSWER", u"BUSY">(disposition)) return Outcome::Rejected;
 
     const Call call{.row = row, .from = SideOf(row[kChannel]), .to = SideOf(row[kDstChannel])};
     const std::optional<Direction> direction = DirectionOf(call);

@@ -2,6 +2,7 @@
 
 #include "rx/frame.h"
 #include "server/text.h"
+#include "server/word.h"
 
 namespace vintrel::rx {
 namespace {
@@ -73,15 +74,15 @@ std::u16string_view IpOfficeRoom(std::u16string_view frame) {
 }
 
 std::u16string_view PanasonicState(std::u16string_view frame) {
-    if (UpperContains(frame, u"NOT CLEANED") || UpperContains(frame, u"EXT777")) return kNotClean;
-    if (UpperContains(frame, u"CLEANED UP") || UpperContains(frame, u"EXT776")) return kClean;
+    if (UpperContains<u"NOT CLEANED">(frame) || UpperContains<u"EXT777">(frame)) return kNotClean;
+    if (UpperContains<u"CLEANED UP">(frame) || UpperContains<u"EXT776">(frame)) return kClean;
     return kNone;
 }
 
 /// Grandstream: the last two digits that the maid dialled after the hotel feature code.
 std::u16string_view MaidDigits(std::u16string_view frame) {
     const bool maid_call =
-        UpperContains(GetCommaField(frame, 5), u"PMS-STATUS") && UpperContains(GetCommaField(frame, 9), u"READEXTEN");
+        UpperContains<u"PMS-STATUS">(GetCommaField(frame, 5)) && UpperContains<u"READEXTEN">(GetCommaField(frame, 9));
     return maid_call ? Right(QuotedField(frame, 4), 2) : kNone;
 }
 
@@ -144,7 +145,7 @@ Alarm RoomAlarm(Model model, std::u16string_view frame, const Settings& settings
         case Model::Type10016: return MitelAlarm(frame);
         case Model::Type10012: return YesIf(IsInnovaphoneAlarm(frame, settings));
         case Model::Type10017: return YesIf(IpOfficeCode(frame) == kAlarm);
-        case Model::Type10019: return YesIf(UpperContains(frame, u"ALARM") || UpperContains(frame, u"EXT778"));
+        case Model::Type10019: return YesIf(UpperContains<u"ALARM">(frame) || UpperContains<u"EXT778">(frame));
         case Model::Type10020: return YesIf(MaidDigits(frame) == u"33");
         case Model::Type12000: return YesIf(IsFramed(frame, u"RE|") && Contains(frame, u"|RS5|"));
         case Model::Type10003:

@@ -2,6 +2,7 @@
 
 #include "rx/frame.h"
 #include "server/text.h"
+#include "server/word.h"
 
 namespace vintrel::rx {
 namespace {
@@ -50,16 +51,15 @@ bool IsInnovaphoneConfirmation(std::u16string_view frame, const Settings& settin
 
 /// Panasonic: "Timed Reminder/Start", "/Answer" and "/No Answer" in the column of the dialled number.
 Confirmation PanasonicConfirmation(std::u16string_view frame) {
-    if (UpperContains(frame, u"TIMED REMINDER/ANSWER") || UpperContains(frame, u"TIMED REMINDER/NO ANSWER"))
-        return Confirmation::Yes;
-    return SecondKindIf(UpperContains(frame, u"TIMED REMINDER/START"));
+    if (UpperContains<u"TIMED REMINDER/ANSWER", u"TIMED REMINDER/NO ANSWER">(frame)) return Confirmation::Yes;
+    return SecondKindIf(UpperContains<u"TIMED REMINDER/START">(frame));
 }
 
 /// Grandstream: the record of a call by "Wake Up Call"; field 18 of it, as it is split at every comma, is the result.
 bool IsGrandstreamConfirmation(std::u16string_view frame) {
-    if (!UpperContains(GetCommaField(frame, 6), u"WAKE UP CALL")) return false;
+    if (!UpperContains<u"WAKE UP CALL">(GetCommaField(frame, 6))) return false;
     const std::u16string_view result = GetCommaField(frame, 18);
-    return UpperContains(result, u"ANSWERED") || UpperContains(result, u"NO ANSWER") || UpperContains(result, u"BUSY");
+    return UpperContains<u"ANSWERED">(result) || UpperContains<u"NO ANSWER">(result) || UpperContains<u"BUSY">(result);
 }
 
 Confirmation Confirms(Model model, std::u16string_view frame, const Settings& settings) {
@@ -127,8 +127,8 @@ bool SetsClock(Model model, std::u16string_view frame) {
 
 std::u16string PanasonicFrame(std::u16string_view frame) {
     const std::u16string_view extension = PanasonicExtension(frame);
-    if (UpperContains(frame, u"TIMED REMINDER/NO ANSWER")) return ConfirmationFrame(extension, kNotAnswered);
-    if (UpperContains(frame, u"TIMED REMINDER/ANSWER")) return ConfirmationFrame(extension, kAnswered);
+    if (UpperContains<u"TIMED REMINDER/NO ANSWER">(frame)) return ConfirmationFrame(extension, kNotAnswered);
+    if (UpperContains<u"TIMED REMINDER/ANSWER">(frame)) return ConfirmationFrame(extension, kAnswered);
     return ConfirmationFrame(extension, kStarted);
 }
 
@@ -136,7 +136,7 @@ std::u16string GrandstreamFrame(std::u16string_view frame) {
     const std::u16string_view called = QuotedField(frame, 4);
     const std::u16string_view extension = IsDigits(Trim(called)) ? called : QuotedField(frame, 3);
     const std::u16string_view result = GetCommaField(frame, 18);
-    const bool missed = UpperContains(result, u"NO ANSWER") || UpperContains(result, u"BUSY");
+    const bool missed = UpperContains<u"NO ANSWER">(result) || UpperContains<u"BUSY">(result);
     return ConfirmationFrame(extension, missed ? kNotAnswered : kAnswered);
 }
 

@@ -1,5 +1,6 @@
 #include "server/catalogue.h"
 
+#include <algorithm>
 #include <cstring>
 
 namespace vintrel::server {
@@ -41,6 +42,17 @@ constexpr unsigned Ending(std::u16string_view code) {
     return (code[kCodeLength - 2] - unsigned{u'0'}) * 10 + (code[kCodeLength - 1] - unsigned{u'0'});
 }
 
+/// The codes alone, close together.
+constexpr auto kCodes = [] {
+    std::array<std::array<char16_t, kCodeLength>, kModelCount> codes{};
+    for (std::size_t i = 0; i < kModelCount; ++i) {
+        const std::u16string_view code = kCatalogue[static_cast<Model>(i)].code;
+        if (code.size() != kCodeLength) throw "a code of another length";
+        std::copy(code.begin(), code.end(), codes.at(i).begin());
+    }
+    return codes;
+}();
+
 /// The one model that a code with a given ending can be. Two codes with the same ending do not compile.
 constexpr auto kByEnding = [] {
     std::array<std::uint8_t, 100> models{};
@@ -59,9 +71,9 @@ std::optional<Model> FindModel(std::u16string_view code) {
     if (code.size() != kCodeLength) return std::nullopt;
     const unsigned ending = Ending(code);
     if (ending >= kByEnding.size() || kByEnding[ending] == kModelCount) return std::nullopt;
-    const auto model = static_cast<Model>(kByEnding[ending]);
-    const bool equal = std::memcmp(kCatalogue[model].code.data(), code.data(), kCodeLength * sizeof(char16_t)) == 0;
-    return equal ? std::optional(model) : std::nullopt;
+    const std::size_t place = kByEnding[ending];
+    const bool equal = std::memcmp(kCodes[place].data(), code.data(), sizeof kCodes[place]) == 0;
+    return equal ? std::optional(static_cast<Model>(place)) : std::nullopt;
 }
 
 std::u16string_view ModelCode(Model model) { return kCatalogue[model].code; }

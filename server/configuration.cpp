@@ -8,6 +8,7 @@
 #include "server/control_characters.h"
 #include "server/operation_error.h"
 #include "server/text.h"
+#include "server/word.h"
 
 namespace vintrel::server {
 namespace {
@@ -115,7 +116,7 @@ constexpr std::array kIniRows{
 
 /// Hotel functions are on unless they are switched off explicitly: an empty or missing value is "on".
 bool ReadHotelEnabled(IniStore& ini, const std::u16string& path, std::u16string_view section) {
-    return !UpperEquals(ReadIniValue(ini, path, section, u"hotel_enabled"), u"FALSE");
+    return !UpperEquals<u"FALSE">(ReadIniValue(ini, path, section, u"hotel_enabled"));
 }
 
 std::int32_t ReadIpOfficePort(IniStore& ini, const std::u16string& path) {

@@ -7,6 +7,7 @@
 #include "server/error_report.h"
 #include "server/operation_error.h"
 #include "server/text.h"
+#include "server/word.h"
 
 namespace vintrel::server {
 namespace {
@@ -109,9 +110,9 @@ void SetServerLanguage(std::u16string_view language, Settings& settings) {
         settings.FormCaptions[0] = settings.HelpFile.empty() ? u"" : hint;
         settings.FormCaptions[1] = heading;
     };
-    if (UpperEquals(language, u"GER"))
+    if (UpperEquals<u"GER">(language))
         set(u"Doppelklick um die Anschlußpläne anzuzeigen", u"Unterstützte Kommunikationssysteme:");
-    else if (UpperEquals(language, u"ITA"))
+    else if (UpperEquals<u"ITA">(language))
         set(u"Doppio click per visualizzare gli schemi di collegamento", u"Sistemi di comunicazione supportati:");
 }
 

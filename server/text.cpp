@@ -11,9 +11,6 @@
 namespace vintrel::server {
 namespace {
 
-constexpr char16_t kSmallYDiaeresis = 0x00FF;
-constexpr char16_t kCapitalYDiaeresis = 0x0178;
-
 int DigitValue(char16_t character, int base) {
     const char16_t upper = Upper(character);
     const int value = IsDigit(upper) ? upper - u'0' : (upper >= u'A' && upper <= u'F') ? upper - u'A' + 10 : base;
@@ -122,8 +119,6 @@ std::u16string_view Mid(std::u16string_view text, std::ptrdiff_t start) {
     return Mid(text, start, std::numeric_limits<std::ptrdiff_t>::max());
 }
 
-std::u16string_view Left(std::u16string_view text, std::ptrdiff_t count) { return Mid(text, 1, count); }
-
 std::u16string_view Right(std::u16string_view text, std::ptrdiff_t count) {
     if (count < 1) return {};
     const auto kept = std::min(static_cast<std::size_t>(count), text.size());
@@ -135,14 +130,6 @@ std::u16string_view Trim(std::u16string_view text, char16_t blank) {
     const char16_t* const first = FindFirst(text.data(), end, scan::IsNeither{kBlank, blank});
     while (end != first && (end[-1] == kBlank || end[-1] == blank)) --end;
     return {first, end};
-}
-
-char16_t Upper(char16_t character) {
-    constexpr char16_t kMultiplication = 0x00D7;
-    if (character >= u'a' && character <= u'z') return static_cast<char16_t>(character - 32);
-    if (character < 0x00E0 || character > kSmallYDiaeresis) return character;
-    if (character == kSmallYDiaeresis) return kCapitalYDiaeresis;
-    return character - 32 == kMultiplication ? character : static_cast<char16_t>(character - 32);
 }
 
 std::u16string Upper(std::u16string_view text) {
@@ -163,27 +150,13 @@ std::u16string Lower(std::u16string_view text) {
     return result;
 }
 
-bool long_enough::UpperContains(std::u16string_view text, std::u16string_view word) {
-    if (word.empty()) return true;
-    const char16_t first = word.front();
-    const char16_t* at = text.data();
-    const char16_t* const end = at + text.size();
-    const char16_t* const last = end - word.size() + 1;  // behind the last place where the word can begin
-    // Every other character has no more than these two cases.
-    const char16_t other_case = first == kCapitalYDiaeresis ? kSmallYDiaeresis : Lower(first);
-    for (; (at = FindFirst(at, last, scan::IsEither{first, other_case})) != last; ++at)
-        if (UpperBegins(std::u16string_view(at, end), word)) return true;
-    return false;
-}
-
-bool long_enough::UpperBegins(std::u16string_view text, std::u16string_view word) {
-    return std::equal(word.begin(), word.end(), text.begin(),
-                      [](char16_t a, char16_t b) { return a == b || a == Upper(b); });
+bool UpperBegins(std::u16string_view text, std::u16string_view word) {
+    return text.size() >= word.size() && std::equal(word.begin(), word.end(), text.begin(),
+                                                    [](char16_t a, char16_t b) { return a == b || a == Upper(b); });
 }
 
 std::size_t Find(std::u16string_view text, std::u16string_view part, std::size_t from) {
-    if (part.empty() || from > text.size())
-        return part.empty() && from <= text.size() ? from : std::u16string_view::npos;
+    if (part.empty() || from > text.size() || part.front() > scan::kLast) return text.find(part, from);
     const char16_t* at = text.data() + from;
     const char16_t* const end = text.data() + text.size();
     for (; (at = FindFirst(at, end, scan::Is{part.front()})) != end; ++at)

@@ -27,8 +27,7 @@ class InOutText {
         front_ = front;
     }
     void Replace(std::u16string text) {
-        storage_ = std::move(text);
-        text_ = storage_;
+        text_ = storage_.emplace(std::move(text));
         front_ = {};
         replaced_ = true;
     }
@@ -38,7 +37,7 @@ class InOutText {
  private:
     std::u16string_view text_;
     std::u16string_view front_;
-    std::u16string storage_;
+    std::optional<std::u16string> storage_;
     bool replaced_ = false;
 };
 
@@ -58,12 +57,13 @@ struct Padded {
 /// At most `count` characters from position `start`; shorter where the text ends. A position before the text or a
 /// negative count, which a classic Automation host reports as a fault, gives "".
 inline std::u16string_view Mid(std::u16string_view text, std::ptrdiff_t start, std::ptrdiff_t count) {
-    if (start < 1 || count < 1 || static_cast<std::size_t>(start) > text.size()) return {};
+    if (start < 1 || count < 1 || static_cast<std::size_t>(start) > text.size()) [[unlikely]]
+        return {};
     return text.substr(static_cast<std::size_t>(start) - 1, static_cast<std::size_t>(count));
 }
 /// Everything from position `start`.
 std::u16string_view Mid(std::u16string_view text, std::ptrdiff_t start);
-std::u16string_view Left(std::u16string_view text, std::ptrdiff_t count);
+inline std::u16string_view Left(std::u16string_view text, std::ptrdiff_t count) { return Mid(text, 1, count); }
 std::u16string_view Right(std::u16string_view text, std::ptrdiff_t count);
 /// Without the blanks (U+0020 only) at both ends.
 inline std::u16string_view Trim(std::u16string_view text) {
@@ -76,32 +76,22 @@ inline std::u16string_view Trim(std::u16string_view text) {
 std::u16string_view Trim(std::u16string_view text, char16_t blank);
 
 /// Two characters as one number, for a switch.
-constexpr std::uint32_t Pair(char16_t first, char16_t second) { return std::uint32_t{first} << 16 | second; }
+constexpr std::uint32_t Pair(char16_t first, char16_t second) { return first | std::uint32_t{second} << 16; }
 
 /// Upper case of ASCII and Latin-1 letters; every other character stays.
-char16_t Upper(char16_t character);
+constexpr char16_t Upper(char16_t character) {
+    constexpr char16_t kMultiplication = 0x00D7;
+    constexpr char16_t kSmallYDiaeresis = 0x00FF;
+    constexpr char16_t kCapitalYDiaeresis = 0x0178;  // the one that does not stand 32 places before its small letter
+    if (character < u'a' || (character > u'z' && character < 0x00E0) || character > kSmallYDiaeresis) return character;
+    if (character == kSmallYDiaeresis) return kCapitalYDiaeresis;
+    return character - 32 == kMultiplication ? character : static_cast<char16_t>(character - 32);
+}
 std::u16string Upper(std::u16string_view text);
 char16_t Lower(char16_t character);
 std::u16string Lower(std::u16string_view text);
-/// The rest of two functions below, once the text is known to be long enough.
-namespace long_enough {
-bool UpperContains(std::u16string_view text, std::u16string_view word);
+/// Whether the upper-cased text begins with the (already upper-case) word. For constant words see server/word.h.
 bool UpperBegins(std::u16string_view text, std::u16string_view word);
-}  // namespace long_enough
-/// Whether the upper-cased text contains the (already upper-case) word.
-inline bool UpperContains(std::u16string_view text, std::u16string_view word) {
-    return text.size() >= word.size() && long_enough::UpperContains(text, word);
-}
-/// Whether two characters may be the same letter; false for nearly all that are not.
-constexpr bool MayBeSameLetter(char16_t character, char16_t upper) {
-    constexpr char16_t kCapitalYDiaeresis = 0x0178;  // the one whose small letter is not 32 places behind it
-    return ((character ^ upper) & ~0x20) == 0 || upper == kCapitalYDiaeresis;
-}
-/// Whether the upper-cased text begins with the (already upper-case) word.
-inline bool UpperBegins(std::u16string_view text, std::u16string_view word) {
-    return text.size() >= word.size() &&
-           (word.empty() || (MayBeSameLetter(text.front(), word.front()) && long_enough::UpperBegins(text, word)));
-}
 /// Whether the upper-cased text equals the (already upper-case) word.
 inline bool UpperEquals(std::u16string_view text, std::u16string_view word) {
     return text.size() == word.size() && UpperBegins(text, word);

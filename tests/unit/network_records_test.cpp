@@ -32,11 +32,20 @@ std::string Call(const std::string& parties, char type, const std::string& secon
     return parties + " 0000 0/0/" + type + " 0000 " + seconds + " 15.06.26 09:10 " + pty;
 }
 
+template <QuoteStyle Style>
+std::string Split(std::u16string_view record) {
+    const QuotedFields<Style, 5> fields(record);
+    EXPECT_EQ(Shown(fields[0]) + Shown(fields[fields.Count() + 1]), "") << "there is no such column";
+    std::string shown = Shown(fields[1]);
+    for (std::size_t column = 2; column <= fields.Count(); ++column) shown += "|" + Shown(fields[column]);
+    return shown;
+}
+
 TEST(QuotedFields, SplitsWhereTheQuotesSay) {
-    constexpr QuoteStyle kSingle{u'\'', false};
-    constexpr QuoteStyle kDouble{u'"', true};
+    constexpr auto kSingle = Split<QuoteStyle{.quote = u'\'', .doubled = false}>;
+    constexpr auto kDouble = Split<QuoteStyle{.quote = u'"', .doubled = true}>;
     const struct {
-        QuoteStyle style;
+        std::string (*split)(std::u16string_view);
         const char16_t* record;
         std::string fields;
     } rows[] = {
@@ -44,19 +53,15 @@ TEST(QuotedFields, SplitsWhereTheQuotesSay) {
         {kSingle, u"'D'Arco','O'','x'", "D'Arco|O'|x"},
         {kSingle, u"1, a b ,'c'd,e'", "1| a b |c'd,e"},
         {kSingle, u"'open,1,2", "open,1,2"},
+        {kSingle, u"',',2", ",|2"},
         {kSingle, u"'1',", "1|"},
+        {kSingle, u"'1','2','3','4','5','6'", "1|2|3|4|5"},  // five wanted
         {kSingle, u"", ""},
         {kDouble, u"\n\"a\r\nb\",,12,\"\"", "a<CR><LF>b||12|"},
         {kDouble, u"\"say \"\"yes\"\", Ann\",\"\"\"\",b", "say \"\"yes\"\", Ann|\"\"|b"},
-        {kDouble, u"1,2,3,4,5,6", "1|2|3|4|5"},  // five wanted
+        {kDouble, u"1,2,3,4,5,6", "1|2|3|4|5"},
     };
-    for (const auto& row : rows) {
-        const QuotedFields fields(row.record, row.style, 5);
-        std::string shown = Shown(fields[1]);
-        for (std::size_t column = 2; column <= fields.Count(); ++column) shown += "|" + Shown(fields[column]);
-        EXPECT_EQ(shown, row.fields) << Shown(row.record);
-        EXPECT_EQ(Shown(fields[0]) + Shown(fields[fields.Count() + 1]), "") << "there is no such column";
-    }
+    for (const auto& row : rows) EXPECT_EQ(row.split(row.record), row.fields) << Shown(row.record);
 }
 
 TEST(InnovaphoneKeys, AKeyCountsAtTheStartAndBehindAmpersandOrBlank) {

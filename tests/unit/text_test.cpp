@@ -6,6 +6,7 @@
 
 #include "printing.h"
 #include "server/scan.h"
+#include "server/word.h"
 
 namespace vintrel::server {
 namespace {
@@ -74,13 +75,11 @@ TEST(Text, NumbersAreRoundedHalfToEvenWithin32BitsAndWrittenInTheShortestForm) {
 TEST(Text, SearchingFindsWhatStandsInEitherCase) {
     const std::u16string line = u"04/03/24 08:02 Cl checked cHeCk ouT \u00FFes";
     EXPECT_EQ(Upper(std::u16string_view(u"aZ\u00E4\u00FF\u00F7\u00DF\u0431")), u"AZ\u00C4\u0178\u00F7\u00DF\u0431");
-    EXPECT_TRUE(UpperContains(line, u"CHECK OUT"));
-    EXPECT_FALSE(UpperContains(line, u"CHECK IN"));
-    EXPECT_TRUE(UpperContains(line, u"\u0178ES"));
     EXPECT_EQ(Find(line, u":"), 11U);
     EXPECT_EQ(Find(line, u"ch", 3), 18U);
     for (const std::size_t from : {12U, 1000U}) EXPECT_EQ(Find(line, u":", from), std::u16string_view::npos);
     EXPECT_EQ(Find(u"", u":"), std::u16string_view::npos);
+    EXPECT_EQ(Find(line, u"\u00FFe"), 36U);
     EXPECT_TRUE(Contains(u"aaaaaaaaaaaaaab", u"aab"));
     EXPECT_FALSE(Contains(u"</cdr", u"</cdr>"));
 }
@@ -95,22 +94,40 @@ TEST(Text, MidReadsShortAndNeverBeforeTheText) {
     EXPECT_EQ(Trim(u"  a\tb  "), u"a\tb");
 }
 
+TEST(Word, MatchesEitherCaseOfLettersAndNothingElse) {
+    EXPECT_TRUE((UpperEquals<u"AE", u"ARE">(u"aRe")));
+    EXPECT_TRUE(UpperEquals<u"S">(u"s"));
+    EXPECT_FALSE((UpperEquals<u"AE", u"ARE">(u"arena")));
+    EXPECT_FALSE(UpperEquals<u"S">(u""));
+    EXPECT_TRUE((UpperBegins<u"QUEUE[", u"XFER-">(u"xfer-1")));
+    for (const char16_t* const near : {u"queue{1", u"xfer\r1", u"queu", u"qu\x0165ue[", u"\x0171ueue["})
+        EXPECT_FALSE((UpperBegins<u"QUEUE[", u"XFER-">(near))) << Shown(near);
+
+    const std::u16string line = u"04/03/24 08:02 Cl checked cHeCk ouT";
+    EXPECT_EQ(UpperFind<u"CHECK OUT">(line), 26U);
+    EXPECT_TRUE((UpperContains<u"CHECK IN", u"CHECK OUT">(line)));
+    EXPECT_FALSE((UpperContains<u"CHECK IN", u"CLEANED UP">(line)));
+    EXPECT_FALSE(UpperContains<u"OUTSIDE">(line)) << "which ends within the word";
+    EXPECT_FALSE(UpperContains<u"O">(u""));
+}
+
 TEST(Scan, FindsAtEveryPositionAndLength) {
-    for (std::size_t length = 0; length <= 40; ++length) {
-        for (std::size_t at = 0; at <= length; ++at) {
-            std::u16string text(length, u'\xFF26');  // its low byte is that of "&"
-            text.replace(at, std::u16string::npos, length - at, u'&');
-            const char16_t* const begin = text.data();
-            const char16_t* const end = begin + length;
-            EXPECT_EQ(FindFirst(begin, end, scan::Is{u'&'}), begin + at) << length;
-            EXPECT_EQ(FindFirst(begin, end, scan::IsAtMost{u'&'}), begin + at) << length;
-            std::size_t found = at;
-            const auto next = [&](const char16_t* place) { return place == begin + found++; };
-            FindEach(begin, end, scan::Is{u'&'}, next);
-            EXPECT_EQ(found, length) << at;
-            found = at;
-            FindEachPair(begin, end, u'&', u'&', next);
-            EXPECT_EQ(found, std::max(at, length - std::min<std::size_t>(length, 1))) << length;
+    for (const char16_t other : {u'z', u'\x0126', u'\x7F26', u'\x8026', u'\xFF26'}) {  // some with the low byte of "&"
+        for (std::size_t length = 0; length <= 70; ++length) {
+            for (std::size_t at = 0; at <= length; ++at) {
+                std::u16string text(length, other);
+                text.replace(at, std::u16string::npos, length - at, u'&');
+                const char16_t* const begin = text.data();
+                const char16_t* const end = begin + length;
+                EXPECT_EQ(FindFirst(begin, end, scan::Is{u'&'}), begin + at) << length;
+                EXPECT_EQ(FindFirst(begin, end, scan::IsEither{u'&', u'-'}), begin + at) << length;
+                EXPECT_EQ(FindFirst(begin, end, scan::IsNeither{u'z', u'-'}), other == u'z' ? begin + at : begin);
+                EXPECT_EQ(FindEndOf(begin, begin + length, scan::IsNot{u'&'}), begin + at) << length;
+                std::size_t found = at;
+                const auto next = [&](const char16_t* place) { return place == begin + found++; };
+                FindEach(begin, end, scan::IsAtMostOr{u'%', u'&'}, next);
+                EXPECT_EQ(found, length) << at;
+            }
         }
     }
 }
