@@ -56,7 +56,7 @@ class Argument<server::InOutText&> {
     explicit Argument(BSTR* string) : string_(string), text_(com::View(*string)) {}
     server::InOutText& Value() { return text_; }
     void WriteBack() {
-        if (text_.Replaced()) Rewrite(string_, text_.Front(), text_.View());
+        if (text_.Replaced()) Rewrite(string_, text_);
     }
 
  private:
@@ -94,8 +94,9 @@ inline void Put(CURRENCY* result, std::int64_t ten_thousandths) { result->int64 
 
 template <typename Result, typename Returned, typename... Parameters, typename... Given, std::size_t... Own,
           std::size_t... Needed>
-HRESULT AnswerWith(const ClassEntry& entry, Result* result, Returned (*core)(Parameters...),
-                   std::index_sequence<Own...>, std::index_sequence<Needed...>, Given*... given) noexcept {
+[[gnu::always_inline]] inline HRESULT AnswerWith(const ClassEntry& entry, Result* result,
+                                                 Returned (*core)(Parameters...), std::index_sequence<Own...>,
+                                                 std::index_sequence<Needed...>, Given*... given) noexcept {
     // A Variant result is always empty: zero is VT_EMPTY, too.
     if (result) *result = {};
     if (!result || !(... && given)) return Failure(entry, E_POINTER, L"A variable is missing: null was given for it.");
@@ -118,8 +119,8 @@ HRESULT AnswerWith(const ClassEntry& entry, Result* result, Returned (*core)(Par
 }
 
 template <typename Result, typename Returned, typename... Parameters, typename... Given>
-HRESULT AnswerOperation(const ClassEntry& entry, Result* result, Returned (*core)(Parameters...),
-                        Given*... given) noexcept {
+[[gnu::always_inline]] inline HRESULT AnswerOperation(const ClassEntry& entry, Result* result,
+                                                      Returned (*core)(Parameters...), Given*... given) noexcept {
     static_assert(sizeof...(Given) <= sizeof...(Parameters));
     return AnswerWith(entry, result, core, std::index_sequence_for<Given...>(),
                       std::make_index_sequence<sizeof...(Parameters) - sizeof...(Given)>(), given...);

@@ -17,7 +17,7 @@ HRESULT Failure(const ClassEntry& entry, HRESULT result, const wchar_t* descript
 
 /// Runs the body; S_OK, or what became of the exception that it threw.
 template <typename Body>
-HRESULT Guarded(const ClassEntry& entry, Body&& body) noexcept {
+[[gnu::always_inline]] inline HRESULT Guarded(const ClassEntry& entry, Body&& body) noexcept {
     try {
         body();
         return S_OK;

@@ -71,6 +71,8 @@ class Server {
     tx::DrivenExchanges exchanges_{loop_, clock_, settings_, {engine_, tcp_, telephony_, ini_, ansi_}};
 };
 
-Server& TheServer();
+extern Server the_server;
+
+inline Server& TheServer() { return the_server; }
 
 }  // namespace vintrel::com

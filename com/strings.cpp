@@ -1,7 +1,6 @@
 #include "com/strings.h"
 
 #include <algorithm>
-#include <array>
 #include <cstring>
 #include <functional>
 #include <new>
@@ -9,25 +8,6 @@
 
 namespace vintrel::com {
 namespace {
-
-/// Where the text begins in the string, counted from 0; nothing when it is no part of it.
-std::optional<std::size_t> PlaceIn(const OLECHAR* string, std::u16string_view text) {
-    const auto* const at = reinterpret_cast<const wchar_t*>(text.data());
-    const bool inside = string != nullptr && !std::less<>()(at, string) && std::less<>()(at, string + Length(string));
-    return inside ? std::optional(static_cast<std::size_t>(at - string)) : std::nullopt;
-}
-
-/// Moves a text towards the front, a piece at a time; the two places may overlap.
-void MoveForward(wchar_t* to, std::u16string_view text) {
-    std::array<char16_t, 32> piece;
-    const char16_t* from = text.data();
-    const char16_t* const end = from + text.size();
-    for (; end - from >= std::ssize(piece); from += piece.size(), to += piece.size()) {
-        std::memcpy(piece.data(), from, sizeof piece);
-        std::memcpy(to, piece.data(), sizeof piece);
-    }
-    for (; from != end; ++from, ++to) *to = *from;
-}
 
 /// The length stands in front of the characters, by the documented layout, and a NUL behind them. The block stays as it
 /// is, and freeing gives back the whole of it; reallocating would cost as much as the conversion of a call record.
@@ -38,18 +18,22 @@ void Shorten(BSTR string, std::size_t length) {
 
 }  // namespace
 
-void Rewrite(BSTR* string, std::u16string_view front, std::u16string_view text) {
-    const std::size_t length = front.size() + text.size();
-    const std::optional<std::size_t> place = PlaceIn(*string, text);
-    if (place && front.size() <= *place) {  // it cannot have become longer
-        MoveForward(*string + front.size(), text);
+void Rewrite(BSTR* string, const server::InOutText& text) {
+    const std::u16string_view front = text.Front();
+    const std::u16string_view part = text.View();
+    const std::size_t length = front.size() + part.size();
+    const std::u16string_view whole = View(*string);
+    const bool inside = whole.size() >= front.size() && !std::less<>()(part.data(), whole.data() + front.size()) &&
+                        std::less<>()(part.data(), whole.data() + whole.size());
+    if (inside) [[likely]] {  // it cannot have become longer
+        std::memmove(*string + front.size(), part.data(), part.size() * sizeof(char16_t));
         std::copy(front.begin(), front.end(), *string);
         Shorten(*string, length);
         return;
     }
     wchar_t* const fresh = SysAllocStringLen(nullptr, static_cast<UINT>(length));
     if (!fresh) throw std::bad_alloc();
-    std::copy(text.begin(), text.end(), std::copy(front.begin(), front.end(), fresh));
+    std::copy(part.begin(), part.end(), std::copy(front.begin(), front.end(), fresh));
     SysFreeString(*string);
     *string = fresh;
 }

@@ -9,6 +9,8 @@
 #include <new>
 #include <string_view>
 
+#include "server/text.h"
+
 namespace vintrel::com {
 
 inline BSTR NewString(std::u16string_view text) {
@@ -29,8 +31,8 @@ inline std::u16string_view View(const OLECHAR* string) {
                   : std::u16string_view();
 }
 
-/// The caller's variable becomes `front` and `text`, which may be a part of what it holds. What becomes no longer stays
-/// where it is.
-void Rewrite(BSTR* string, std::u16string_view front, std::u16string_view text);
+/// The caller's variable becomes the text, which may be a part of what it holds. What becomes no longer stays where it
+/// is.
+void Rewrite(BSTR* string, const server::InOutText& text);
 
 }  // namespace vintrel::com
