@@ -33,7 +33,7 @@ inline constexpr CallRecord kCallRecords[] = {
      L"Term.    :  301   001      04 03 2024 08:02                               12             0"
      L" :03 :12                                           U                                   004"
      L"1448001122                                                                                "
-     L"                             \r\n"},
+     L"                               \r\n"},
     {"Panasonic", L"TYPE10019", kDelimited,
      L"04/03/24 08:02     301 0001 0041-44-800112                                          00:03'"
      L"12 EUR00002.40                \r\n"},

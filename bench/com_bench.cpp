@@ -109,6 +109,20 @@ double LoadAndCreate() {
     return best;
 }
 
+_ComEventsRX* NewEvents() {
+    _ComEventsRX* events = nullptr;
+    CoCreateInstance(CLSID_ComEventsRX, nullptr, CLSCTX_INPROC_SERVER, IID__ComEventsRX,
+                     reinterpret_cast<void**>(&events));
+    return events;
+}
+
+/// The server's state dies with its DLL: the object of a server that is young again. Null when the DLL stays.
+_ComEventsRX* Reloaded(_ComEventsRX* events) {
+    events->Release();
+    CoFreeUnusedLibrariesEx(0, 0);
+    return GetModuleHandleW(L"Vintrel.dll") ? nullptr : NewEvents();
+}
+
 /// The floor's side of the same call.
 class FloorCall {
  public:
@@ -175,28 +189,48 @@ class Call {
     UINT length_ = 0;
 };
 
-/// Conversions and floor in turn, so that both meet the machine in the same state; the best run of each counts. The
-/// caller's variables are filled outside of the time that is taken.
-void Converter(_ComEventsRX* events, FloorCall& floor, const CallRecord& row) {
-    constexpr int kRuns = 3000;
-    constexpr int kCalls = 20;  // few, for a record has just been received and is at hand
-    std::deque<Call> calls;
-    for (int i = 0; i < kCalls; ++i) calls.emplace_back(row);
-    double best = 1e12;
-    double best_floor = 1e12;
-    for (int run = 0; run < kRuns; ++run) {
+/// One converter's best time of a call, beside the floor's.
+class Converter {
+ public:
+    explicit Converter(const CallRecord& row) : row_(row) {
+        constexpr int kCalls = 20;  // few, for a record has just been received and is at hand
+        for (int i = 0; i < kCalls; ++i) calls_.emplace_back(row);
+    }
+
+    /// Conversions and floor in turn, so that both meet the machine in the same state. The caller's variables are
+    /// filled outside of the time that is taken.
+    void Run(_ComEventsRX* events, FloorCall& floor) {
         bool whole = true;
         const double start = Now();
-        for (Call& call : calls) whole = call.Make(events) == 87 && whole;
+        for (Call& call : calls_) whole = call.Make(events) == 87 && whole;
         const double end = Now();
-        for (Call& call : calls) call.Refill();
+        for (Call& call : calls_) call.Refill();
         const double floor_start = Now();
-        for (int i = 0; i < kCalls; ++i) floor.Make();
+        for (std::size_t i = 0; i < calls_.size(); ++i) floor.Make();
         const double floor_end = Now();
-        if (whole) best = std::min(best, (end - start) / kCalls);
-        best_floor = std::min(best_floor, (floor_end - floor_start) / kCalls);
+        const auto count = static_cast<double>(calls_.size());
+        if (whole) best_ = std::min(best_, (end - start) / count);
+        best_floor_ = std::min(best_floor_, (floor_end - floor_start) / count);
     }
-    Row(row.converter, best, "ns", best / best_floor, row.target);
+    void Show() const { Row(row_.converter, best_, "ns", best_ / best_floor_, row_.target); }
+
+ private:
+    const CallRecord& row_;
+    std::deque<Call> calls_;
+    double best_ = 1e12;
+    double best_floor_ = 1e12;
+};
+
+/// In turn for several seconds: on a machine with other work, each meets some of its quiet moments.
+void Converters(_ComEventsRX* events, FloorCall& floor) {
+    constexpr int kTurns = 600;
+    constexpr int kRuns = 100;
+    std::deque<Converter> converters;
+    for (const CallRecord& row : kCallRecords) converters.emplace_back(row);
+    for (int turn = 0; turn < kTurns; ++turn)
+        for (Converter& converter : converters)
+            for (int run = 0; run < kRuns; ++run) converter.Run(events, floor);
+    for (const Converter& converter : converters) converter.Show();
 }
 
 double PrivateBytes() {
@@ -209,41 +243,61 @@ double PrivateBytes() {
     return bytes;
 }
 
-/// A million records of all exchanges in turn: neither the time of one nor the memory may grow with their number. Times
-/// are taken as ratios to the floor of the same moment.
-void Endurance(_ComEventsRX* events, FloorCall& floor) {
-    constexpr int kBatches = 1000;
-    constexpr int kRounds = 84;    // of the twelve records below, in each batch
-    constexpr int kCompared = 50;  // batches at either end
-    std::deque<Call> calls;
-    for (const CallRecord& row : kCallRecords) calls.emplace_back(row);
-    calls.emplace_back(kTransferredLeg);
-    double early = 1e12;
-    double late = 1e12;
-    double time = 0;
-    double memory = 0;
-    for (int batch = 0; batch < kBatches; ++batch) {
-        if (batch == 1) memory = PrivateBytes();
-        const double start = Now();
-        for (int round = 0; round < kRounds; ++round) {
-            for (Call& call : calls) {
-                call.Make(events);
-                call.Refill();
+/// Records of all exchanges in turn.
+class MixedRecords {
+ public:
+    MixedRecords() {
+        for (const CallRecord& row : kCallRecords) calls_.emplace_back(row);
+        calls_.emplace_back(kTransferredLeg);
+    }
+
+    /// Nanoseconds per record: the best of many batches, each of all exchanges in turn.
+    double Make(_ComEventsRX* events, int batches) {
+        constexpr int kRounds = 8;
+        double best = 1e12;
+        for (int batch = 0; batch < batches; ++batch) {
+            const double start = Now();
+            for (int round = 0; round < kRounds; ++round) {
+                for (Call& call : calls_) {
+                    call.Make(events);
+                    call.Refill();
+                }
             }
+            best = std::min(best, (Now() - start) / (kRounds * static_cast<double>(calls_.size())));
         }
-        const double end = Now();
-        const int records = kRounds * static_cast<int>(calls.size());
-        for (int i = 0; i < records; ++i) floor.Make();
-        time = (end - start) / records;
-        const double ratio = (end - start) / (Now() - end);
-        if (batch < kCompared) early = std::min(early, ratio);
-        if (batch >= kBatches - kCompared) late = std::min(late, ratio);
+        return best;
+    }
+
+ private:
+    std::deque<Call> calls_;
+};
+
+/// A million records: neither the time of one nor the memory may grow with their number. A server that has converted
+/// them and one that has just been loaded are timed in turn, so that both meet the machine's quiet moments. Returns the
+/// object of the last server, null when none could be loaded.
+_ComEventsRX* Endurance(_ComEventsRX* events) {
+    constexpr int kPairs = 5;
+    constexpr int kCompared = 1000;   // batches, of about a hundred records
+    constexpr int kMillion = 10'500;  // batches
+    MixedRecords records;
+    double old_time = 1e12;
+    double young_time = 1e12;
+    double grown = 0;
+    for (int pair = 0; pair < kPairs; ++pair) {
+        records.Make(events, kCompared);
+        const double memory = PrivateBytes();
+        records.Make(events, kMillion);
+        grown = std::max(grown, PrivateBytes() - memory);
+        old_time = std::min(old_time, records.Make(events, kCompared));
+        events = Reloaded(events);
+        if (!events) return nullptr;
+        records.Make(events, 1);  // the first calls set things up
+        young_time = std::min(young_time, records.Make(events, kCompared));
     }
     constexpr double kKilobyte = 1024;
-    std::printf("%-34s %9.1f KB\n", "private memory before", memory / kKilobyte);
-    const double grown = (PrivateBytes() - memory) / kKilobyte;
-    Row("a record after 1,000,000", time, "ns", late / early, kGrowth);
-    Row("memory after 1,000,000 records", grown, "KB", grown / kKilobyte, kGrownMegabytes);
+    Row("a record after 1,000,000", old_time, "ns", old_time / young_time, kGrowth);
+    Row("memory after 1,000,000 records", grown / kKilobyte, "KB", grown / kKilobyte / kKilobyte, kGrownMegabytes);
+    return events;
 }
 
 void LateBinding(IDispatch* object, const wchar_t* name, const wchar_t* first, const wchar_t* second) {
@@ -296,19 +350,18 @@ int Main() {
     }
     const double load = LoadAndCreate();
     FloorCall floor;
-    _ComEventsRX* events = nullptr;
-    IDispatch* enabled = nullptr;
-    CoCreateInstance(CLSID_ComEventsRX, nullptr, CLSCTX_INPROC_SERVER, IID__ComEventsRX,
-                     reinterpret_cast<void**>(&events));
-    CoCreateInstance(CLSID_ServiceEnabled, nullptr, CLSCTX_INPROC_SERVER, IID_IDispatch,
-                     reinterpret_cast<void**>(&enabled));
-    if (!events || !enabled || !floor.Ready()) return 100;
+    _ComEventsRX* events = NewEvents();
+    if (!events || !floor.Ready()) return 100;
 
     std::printf("%-34s %9s %-3s %8s      %s\n", "", "time", "", "ratio", "target");
     std::printf("%-34s %9.1f ns      1.00   the floor of the converters\n", "a fresh record through COM",
                 Time([&] { floor.Make(); }));
-    for (const CallRecord& row : kCallRecords) Converter(events, floor, row);
-    Endurance(events, floor);
+    Converters(events, floor);
+    events = Endurance(events);
+    IDispatch* enabled = nullptr;
+    CoCreateInstance(CLSID_ServiceEnabled, nullptr, CLSCTX_INPROC_SERVER, IID_IDispatch,
+                     reinterpret_cast<void**>(&enabled));
+    if (!events || !enabled) return 100;
     LateBinding(events, L"GetComConvertStringRX", kCallRecords[0].code, kCallRecords[0].record);
     LateBinding(enabled, L"GetClockEnabled", L"TYPE10014", nullptr);
     WIN32_FILE_ATTRIBUTE_DATA file = {};
