@@ -6,7 +6,6 @@
 namespace vintrel::cdr {
 
 using server::Mid;
-using server::Trim;
 
 Outcome ConvertIntegral(std::u16string_view record, GdvRecord& gdv) {
     AssignUnreported(gdv);

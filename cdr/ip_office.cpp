@@ -13,7 +13,6 @@ using server::HasValue;
 using server::Mid;
 using server::NumberValue;
 using server::Right;
-using server::Trim;
 
 struct Leg {
     explicit Leg(std::u16string_view record) : Leg(CommaFields<24>(record)) {}
