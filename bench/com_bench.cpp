@@ -139,10 +139,13 @@ class FloorCall {
     }
 
     bool Ready() const { return floor_ != nullptr; }
-    void Make() {
+    /// The length of the result.
+    UINT Make() {
         BSTR result = nullptr;
         floor_->FreshRecord(&type_, &record_, &result);
+        const UINT length = SysStringLen(result);
         SysFreeString(result);
+        return length;
     }
 
  private:
@@ -206,7 +209,7 @@ class Converter {
         const double end = Now();
         for (Call& call : calls_) call.Refill();
         const double floor_start = Now();
-        for (std::size_t i = 0; i < calls_.size(); ++i) floor.Make();
+        for (std::size_t i = 0; i < calls_.size(); ++i) whole = floor.Make() == 87 && whole;
         const double floor_end = Now();
         const auto count = static_cast<double>(calls_.size());
         if (whole) best_ = std::min(best_, (end - start) / count);
