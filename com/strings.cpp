@@ -4,7 +4,6 @@
 #include <cstring>
 #include <functional>
 #include <new>
-#include <optional>
 
 namespace vintrel::com {
 namespace {
