@@ -5,7 +5,7 @@
 #include <new>
 #include <string>
 
-#include "server/operation_error.h"
+#include "platform/operation_error.h"
 
 namespace vintrel::com {
 namespace {
@@ -37,7 +37,7 @@ HRESULT Failure(const ClassEntry& entry, HRESULT result, const wchar_t* descript
 HRESULT CurrentFailure(const ClassEntry& entry) noexcept {
     try {
         throw;
-    } catch (const server::OperationError& error) {
+    } catch (const platform::OperationError& error) {
         SetDescription(entry, error.Source().empty() ? entry.prog_id : Wide(error.Source()), Wide(error.Description()));
         return static_cast<HRESULT>(error.Result());
     } catch (const std::bad_alloc&) {

@@ -8,7 +8,7 @@
 
 #include "cdr/convert.h"
 #include "server/catalogue.h"
-#include "server/control_characters.h"
+#include "text/control_characters.h"
 #include "tests/unit/fakes.h"
 
 namespace {
@@ -22,14 +22,14 @@ void Demand(bool holds) {
 void ConvertOne(server::Model model, std::u16string_view text, cdr::CallRecordState& state) {
     const testing::FakeClock clock;
     testing::FakeMessage message;
-    server::InOutText record(text);
-    const cdr::GdvRecord converted =
+    text::InOutText record(text);
+    const records::GdvRecord converted =
         cdr::GetComConvertStringRX(server::ModelCode(model), record, state, {}, clock, message);
     const std::u16string_view result = converted;
     Demand(message.texts.empty());
     Demand(
-        result == std::u16string_view(&server::kDle, 1) ||
-        (result.size() >= 2 && result.size() <= 87 && result.front() == server::kStx && result.back() == server::kEtx));
+        result == std::u16string_view(&text::kDle, 1) ||
+        (result.size() >= 2 && result.size() <= 87 && result.front() == text::kStx && result.back() == text::kEtx));
     Demand(!record.Replaced() || model == server::Model::Type10003 || model == server::Model::Type10010);
 }
 

@@ -11,7 +11,7 @@
 #include "rx/set_clock.h"
 #include "rx/wake_up_events.h"
 #include "server/catalogue.h"
-#include "server/operation_error.h"
+#include "platform/operation_error.h"
 #include "tests/unit/fakes.h"
 
 namespace {
@@ -33,7 +33,7 @@ void DemandForm(bool recognised, std::u16string_view form, std::size_t length, b
     Demand(form.empty() || (form.size() == length && of_the_same_kind));
 }
 
-void JudgeFrame(server::Model model, std::u16string_view frame, const server::Settings& settings) {
+void JudgeFrame(server::Model model, std::u16string_view frame, const platform::Settings& settings) {
     Code code(server::ModelCode(model));
     Code host(u"TYPE10001");
     const bool integral =
@@ -63,11 +63,11 @@ void JudgeFrame(server::Model model, std::u16string_view frame, const server::Se
 
 void ReadFields(std::u16string_view text) {
     try {
-        server::InOutText record(text);
+        text::InOutText record(text);
         Demand(pms::GetPMS_PSConfirm(record).ends_with(u"|\x03"));
         Demand(pms::GetPMS_ColumnData(record, u"|RN").size() < text.size() + 1);
-    } catch (const server::OperationError& error) {
-        Demand(error.Result() == server::kInvalidArgument);
+    } catch (const platform::OperationError& error) {
+        Demand(error.Result() == platform::kInvalidArgument);
     }
 }
 
@@ -82,7 +82,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         const auto character = static_cast<char16_t>(data[i]);
         frame += character < 128 ? character : static_cast<char16_t>(character * 257);
     }
-    server::Settings settings;
+    platform::Settings settings;
     settings.RoomStatusCleanCdpn = u"90";
     settings.RoomStatusNotCleanCdpn = u"91";
     settings.RoomStatusAlarmCdpn = u"95";

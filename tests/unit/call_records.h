@@ -22,9 +22,9 @@ inline std::string Fields(std::u16string_view record) {
     using namespace cdr;  // NOLINT(google-build-using-namespace): the 34 accessors
     if (record == u"\x10") return "rejected";
     if (record.size() != static_cast<std::size_t>(GetGdvRealStringLen())) return "short: " + Shown(record);
-    const auto body = server::Mid(record, GetGdvRealStringLenStart(), GetGdvRealStringLenStop());
+    const auto body = text::Mid(record, GetGdvRealStringLenStart(), GetGdvRealStringLenStop());
     const auto field = [&](std::int16_t start, std::int16_t length) {
-        const std::string text = Shown(server::Trim(server::Mid(body, start, length)));
+        const std::string text = Shown(text::Trim(text::Mid(body, start, length)));
         return text.empty() ? "-" : text;
     };
     const std::string mac = field(GetGdvMacAddressLenStart(), GetGdvMacAddressLenStop());
@@ -48,15 +48,15 @@ class Link {
     explicit Link(std::u16string_view type) : type_(type) {}
 
     std::u16string Raw(std::u16string_view text) {
-        server::InOutText record(text);
-        const cdr::GdvRecord converted = cdr::GetComConvertStringRX(type_, record, state_, settings, clock, message);
+        text::InOutText record(text);
+        const records::GdvRecord converted = cdr::GetComConvertStringRX(type_, record, state_, settings, clock, message);
         caller_text = record.Front();
         caller_text += record.View();
         return std::u16string(converted.View());
     }
     std::string Convert(std::u16string_view text) { return Fields(Raw(text)); }
 
-    server::Settings settings;
+    platform::Settings settings;
     FakeClock clock;
     FakeMessage message;
     std::u16string caller_text;  ///< the caller's variable after the last conversion

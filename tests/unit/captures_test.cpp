@@ -76,9 +76,9 @@ TEST(Captures, AConversionTakesNothingFromTheHeap) {
     testing::FakeMessage message;
     for (const auto& [type, file] : captures) {
         CallRecordState state;
-        const server::Settings settings;
+        const platform::Settings settings;
         for (const auto& text : Records(kSamples / file, u"\n")) {
-            server::InOutText record(text);
+            text::InOutText record(text);
             const std::size_t before = testing::Allocations();
             GetComConvertStringRX(type, record, state, settings, clock, message);
             EXPECT_EQ(testing::Allocations(), before) << file;

@@ -1,4 +1,4 @@
-#include "server/desktop_win32.h"
+#include "win32/desktop.h"
 
 #include <gtest/gtest.h>
 
@@ -7,7 +7,7 @@
 #include <string>
 
 #include "server/error_report.h"
-#include "server/support_list_win32.h"
+#include "win32/support_list.h"
 
 namespace vintrel::server {
 namespace {

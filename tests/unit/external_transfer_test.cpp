@@ -11,7 +11,7 @@
 namespace vintrel::rx {
 namespace {
 
-using server::Timer;
+using platform::Timer;
 using testing::Shown;
 
 struct Record {

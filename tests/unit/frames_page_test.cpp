@@ -14,7 +14,7 @@ using server::TypeCode;
 
 /// "kind: form" as the page writes it, asked in the page's order.
 std::string KindAndForm(std::u16string code, const std::u16string& frame) {
-    server::Settings settings;
+    platform::Settings settings;
     settings.RoomStatusNotCleanCdpn = u"91";
     settings.WakeupResponseH323 = u"Hotel";
     const testing::FakeClock clock;

@@ -13,8 +13,8 @@
 namespace vintrel::rx {
 namespace {
 
-using server::DateTime;
-using server::Settings;
+using text::DateTime;
+using platform::Settings;
 using server::TypeCode;
 using testing::FakeMessage;
 using testing::Raw;

@@ -3,8 +3,8 @@
 #include <random>
 
 #include "call_records.h"
-#include "cdr/comma_fields.h"
-#include "cdr/date_time.h"
+#include "text/comma_fields.h"
+#include "text/dates.h"
 
 namespace vintrel::cdr {
 namespace {
@@ -18,7 +18,7 @@ TEST(GdvRecord, AValueThatDoesNotFitLeavesTheSlotAlone) {
     GdvRecord gdv;
     Assign<kUser>(gdv, u"00101");
     Assign<kUser>(gdv, u"123456");
-    Assign<kUser>(gdv, server::ZeroPad(u"123456", 5));
+    Assign<kUser>(gdv, text::ZeroPad(u"123456", 5));
     EXPECT_EQ(gdv.Slot<kUser>(), u"00101");
     Assign<kUser>(gdv, u"");
     EXPECT_EQ(gdv.Slot<kUser>(), u"");
@@ -68,7 +68,7 @@ TEST(ReferenceTable, HoldsAtMost512AndFreesOneSlotPerRemoval) {
 }
 
 TEST(DateTime, RoundTripsOverLeapYearsAndRefusesWhatDoesNotExist) {
-    using server::DateTime;
+    using text::DateTime;
     const DateTime leap_end{.year = 2024, .month = 2, .day = 29, .hour = 23, .minute = 59, .second = 59};
     EXPECT_EQ(SecondsOf(leap_end), 1709251199);
     EXPECT_EQ(DateTimeOf(1709251199), leap_end);
@@ -272,9 +272,9 @@ TEST(CommaFields, AreThoseOfGetCommaField) {
         std::u16string text(random() % 12, u'x');
         for (char16_t& character : text) character = u",ab"[random() % 3];
         const CommaFields<4> fields(text);
-        EXPECT_EQ(fields.Field<1>(), server::GetCommaField(text, 1)) << Shown(text);
-        EXPECT_EQ(fields.Field<3>(), server::GetCommaField(text, 3)) << Shown(text);
-        EXPECT_EQ(fields.Field<4>(), server::GetCommaField(text, 4)) << Shown(text);
+        EXPECT_EQ(fields.Field<1>(), text::GetCommaField(text, 1)) << Shown(text);
+        EXPECT_EQ(fields.Field<3>(), text::GetCommaField(text, 3)) << Shown(text);
+        EXPECT_EQ(fields.Field<4>(), text::GetCommaField(text, 4)) << Shown(text);
     }
 }
 

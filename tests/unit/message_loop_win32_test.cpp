@@ -1,12 +1,12 @@
-#include "server/message_loop_win32.h"
+#include "win32/message_loop.h"
 
 #include <gtest/gtest.h>
 
 #include <new>
 #include <thread>
 
-#include "server/clock_win32.h"
-#include "server/waits.h"
+#include "win32/clock.h"
+#include "platform/waits.h"
 
 namespace vintrel::server {
 namespace {

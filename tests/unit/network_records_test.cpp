@@ -6,7 +6,7 @@
 
 #include "call_records.h"
 #include "cdr/innovaphone_keys.h"
-#include "cdr/quoted_fields.h"
+#include "text/quoted_fields.h"
 
 namespace vintrel::cdr {
 namespace {

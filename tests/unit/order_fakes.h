@@ -9,7 +9,7 @@
 
 #include "fakes.h"
 #include "printing.h"
-#include "server/settings.h"
+#include "platform/settings.h"
 #include "tx/driven_exchanges.h"
 #include "tx/guests.h"
 #include "tx/wake_up.h"
@@ -23,7 +23,7 @@ struct PeerScript {
     int open_at = 0;
     std::deque<std::pair<int, std::string>> pieces = {};
     int end_at = kNever;
-    server::TransferState end = server::TransferState::Finished;
+    platform::TransferState end = platform::TransferState::Finished;
 
     static PeerScript Answering(std::string answer) { return {.pieces = {{5, std::move(answer)}}, .end_at = 6}; }
 };
@@ -34,7 +34,7 @@ struct Traffic {
     int alive = 0;
 };
 
-struct FakeTransfer : server::TcpConnection {
+struct FakeTransfer : platform::TcpConnection {
     FakeTransfer(FakeLoop& loop, FakeClock& clock, PeerScript script, Traffic& traffic)
         : clock_(clock), script_(std::move(script)), traffic_(traffic) {
         ++traffic_.alive;
@@ -47,9 +47,9 @@ struct FakeTransfer : server::TcpConnection {
     FakeTransfer(const FakeTransfer&) = delete;
     FakeTransfer& operator=(const FakeTransfer&) = delete;
 
-    server::TransferState State() override {
+    platform::TransferState State() override {
         if (Reached(script_.end_at) && script_.pieces.empty()) return script_.end;
-        return Reached(script_.open_at) ? server::TransferState::Open : server::TransferState::Starting;
+        return Reached(script_.open_at) ? platform::TransferState::Open : platform::TransferState::Starting;
     }
     void Receive(std::string& answer, std::size_t limit) override {
         while (!script_.pieces.empty() && Reached(script_.pieces.front().first)) {
@@ -74,21 +74,21 @@ struct FakeTransfer : server::TcpConnection {
 };
 
 /// Request engine and TCP client in one: both answer with the next script, and with nothing when there is none.
-struct FakeNetwork : server::RequestEngine, server::TcpClient, Traffic {
+struct FakeNetwork : platform::RequestEngine, platform::TcpClient, Traffic {
     FakeNetwork(FakeLoop& loop, FakeClock& clock) : loop_(loop), clock_(clock) {}
 
     bool Prepare() override {
         ++prepared;
         return available;
     }
-    std::unique_ptr<server::Transfer> Start(const server::HttpRequest& request) override {
+    std::unique_ptr<platform::Transfer> Start(const platform::HttpRequest& request) override {
         requests.push_back(Ascii(request.method) + (request.secure ? " https://" : " http://") + Ascii(request.host) +
                            ":" + std::to_string(request.port) + Ascii(request.target) + "\n" + Ascii(request.header) +
                            "\n" + Ascii(request.user) + ":" + Ascii(request.password) + " " +
                            std::to_string(request.ignored_certificate_errors));
         return Next();
     }
-    std::unique_ptr<server::TcpConnection> Connect(std::u16string_view host, std::int32_t port) override {
+    std::unique_ptr<platform::TcpConnection> Connect(std::u16string_view host, std::int32_t port) override {
         called.push_back(Ascii(host) + ":" + std::to_string(port));
         return Next();
     }
@@ -114,7 +114,7 @@ struct FakeNetwork : server::RequestEngine, server::TcpClient, Traffic {
     FakeClock& clock_;
 };
 
-struct FakeTelephony : server::TelephonyService {
+struct FakeTelephony : platform::TelephonyService {
     static constexpr int kNoReply = -1;
     struct Line {
         std::u16string name;
@@ -127,7 +127,7 @@ struct FakeTelephony : server::TelephonyService {
         std::uint32_t replied_identifier = 50;
     };
 
-    FakeTelephony(FakeLoop& loop, server::Settings& settings) : loop_(loop), settings_(settings) {}
+    FakeTelephony(FakeLoop& loop, platform::Settings& settings) : loop_(loop), settings_(settings) {}
 
     LineApplication Initialize(std::u16string_view application_name, EventHandler handler) override {
         ++started;
@@ -175,7 +175,7 @@ struct FakeTelephony : server::TelephonyService {
 
  private:
     FakeLoop& loop_;
-    server::Settings& settings_;
+    platform::Settings& settings_;
 };
 
 /// A server as far as orders go, with exchanges that are set up.
@@ -209,7 +209,7 @@ struct OrderBench {
         return Shown(tx::ComEventCheckOutTX(type, room, change_name ? 1 : 0, message, exchanges));
     }
     std::string UserName(std::u16string type, std::u16string_view given = u"Rossi", std::int32_t room = 204) {
-        server::InOutText name(given);
+        text::InOutText name(given);
         const std::u16string answer = tx::ComEventUserNameTX(type, room, name, message, exchanges);
         caller_name = name.View();
         return Shown(answer);
@@ -219,7 +219,7 @@ struct OrderBench {
     FakeMessage message;
     FakeClock clock;
     FakeLoop loop{clock};
-    server::Settings settings;
+    platform::Settings settings;
     FakeIni ini;
     FakeAnsi ansi;
     FakeNetwork network{loop, clock};

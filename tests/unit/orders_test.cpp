@@ -80,7 +80,7 @@ TEST(GuestCommand, ReplacesAnEmptyOrNumericMitelNameInTheCallersVariable) {
 TEST(Order, OfAnUnknownModelIsReportedUnderItsName) {
     OrderBench bench;
     std::u16string type = u"type10099";
-    server::InOutText name(u"Rossi");
+    text::InOutText name(u"Rossi");
     EXPECT_EQ(ComEventUserNameTX(type, 1, name, bench.message, bench.exchanges), u"");
     EXPECT_EQ(type, u"TYPE10099");
     EXPECT_FALSE(name.Replaced());
@@ -110,7 +110,7 @@ class NetworkOrders : public ::testing::Test, protected OrderBench {
     void ExpectErrors(const std::u16string& type, const std::string& good_answer, const std::string& cut,
                       const std::vector<std::pair<PeerScript, std::uint64_t>>& others = {}) {
         constexpr int kNever = PeerScript::kNever;
-        constexpr auto kFailed = server::TransferState::Failed;
+        constexpr auto kFailed = platform::TransferState::Failed;
         std::vector<std::pair<PeerScript, std::uint64_t>> faults{
             {{.open_at = kNever, .end_at = 1, .end = kFailed}, 1},                    // refuses
             {{.open_at = kNever}, 10000},                                             // is absent
@@ -211,9 +211,9 @@ TEST_F(NetworkOrders, GrandstreamRequestsCarryTheirDocumentInTheQuery) {
 }
 
 TEST(GrandstreamDate, IsTodayOrLater) {
-    const server::DateTime today{.year = 2026, .month = 11, .day = 15, .hour = 23, .minute = 59, .second = 59};
-    const server::DateTime leap{.year = 2028, .month = 3, .day = 1};
-    const std::tuple<server::DateTime, std::u16string, std::string> cases[] = {
+    const text::DateTime today{.year = 2026, .month = 11, .day = 15, .hour = 23, .minute = 59, .second = 59};
+    const text::DateTime leap{.year = 2028, .month = 3, .day = 1};
+    const std::tuple<text::DateTime, std::u16string, std::string> cases[] = {
         {today, u"1511", "20261115"}, {today, u"1411", "20271114"}, {today, u"3112", "20261231"},
         {today, u"0101", "20270101"}, {today, u"3002", "20260230"}, {leap, u"2902", "20290229"},
         {today, u"----", "2026----"}, {today, u"1513", "20261315"}, {today, u"", "2026"},

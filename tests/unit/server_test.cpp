@@ -7,9 +7,9 @@
 #include "printing.h"
 #include "server/configuration.h"
 #include "server/initialisation.h"
-#include "server/operation_error.h"
-#include "server/text.h"
-#include "server/waits.h"
+#include "platform/operation_error.h"
+#include "text/text.h"
+#include "platform/waits.h"
 
 namespace vintrel::server {
 namespace {

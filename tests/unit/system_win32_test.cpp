@@ -4,12 +4,12 @@
 #include <fstream>
 
 #include "printing.h"
-#include "server/ansi_text_win32.h"
-#include "server/clock_win32.h"
-#include "server/files_win32.h"
-#include "server/handle_win32.h"
-#include "server/ini_win32.h"
-#include "server/wide_win32.h"
+#include "win32/ansi_text.h"
+#include "win32/clock.h"
+#include "win32/files.h"
+#include "win32/handle.h"
+#include "win32/ini.h"
+#include "win32/wide.h"
 
 namespace vintrel::server {
 namespace {

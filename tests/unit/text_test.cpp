@@ -1,12 +1,12 @@
-#include "server/text.h"
+#include "text/text.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
 
 #include "printing.h"
-#include "server/scan.h"
-#include "server/word.h"
+#include "text/scan.h"
+#include "text/word.h"
 
 namespace vintrel::server {
 namespace {
