@@ -270,7 +270,7 @@ TEST_F(NetworkOrders, GrandstreamSendsNothingToAnAddressThatIsNone) {
 TEST_F(NetworkOrders, IpOfficeTextBeyondAsciiGoesAsNumbersWhenHotelFunctionsAreOn) {
     network.scripts = {PeerScript::Answering(kTransferred)};
     EXPECT_EQ(
-        CheckIn(u"TYPE10017", u"Ren\u00E9 <\U0001F600\U0010FFFF\U00010000>\uD7FF\uE000 & \xDC00\xDC00 \xD800", 0, 1),
+        CheckIn(u"TYPE10017", u"Ren\u00E9 <\U0001F600\U0010FFFF\U00010000>\uD7FF\uE000 & \xDC00\xDFFF \xD800", 0, 1),
         "<OK>");
     EXPECT_NE(network.sent.find("&lt;FullName&gt;Ren&#233; &lt;&#128512;&#1114111;&#65536;&gt;&#55295;&#57344; & "
                                 "&#65533;&#65533; &#65533;&lt;/FullName&gt;"),
