@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "host/commands.h"
+#include "host/commands/commands.h"
 #include "host/console.h"
 #include "host/failure.h"
 #include "host/options.h"

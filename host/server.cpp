@@ -101,6 +101,19 @@ Model::Model(const Server& server, const std::string& code) : server_(server), c
     name_ = Text(server.info, &_ServerInfo::GetPabxTypeName);
 }
 
+std::vector<std::string> AllCodes(const Server& server) {
+    // The server shows its list in a window only: a program finds the codes by asking for one after the other.
+    constexpr unsigned kLowest = 10'000;
+    constexpr unsigned kHighest = 99'999;
+    std::vector<std::string> codes;
+    for (unsigned number = kLowest; number <= kHighest; ++number) {
+        const std::string code = "TYPE" + std::to_string(number);
+        Bstr type(FromUtf8(code));
+        if (server.Value<short>(server.info, &_ServerInfo::GetPabxActiveType, type.InOut()) != 0) codes.push_back(code);
+    }
+    return codes;
+}
+
 void Initialize(const Server& server, const Model& model, const std::string& folder) {
     if (folder.empty()) return;
     Bstr directory(FromUtf8(folder));

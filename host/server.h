@@ -8,6 +8,7 @@
 #include <string>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 #include "Vintrel.h"
 #include "host/failure.h"
@@ -132,6 +133,9 @@ class Model {
     std::u16string code_;
     std::u16string name_;
 };
+
+/// The codes that the server knows, in the order of their numbers.
+std::vector<std::string> AllCodes(const Server& server);
 
 /// Lets the server read its configuration files for the model, as a host does at its start.
 /// @param folder  of "Quindara.cfg" and "Vintrel.ini"; "" leaves the server's settings empty

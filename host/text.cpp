@@ -179,6 +179,12 @@ std::string_view Trimmed(std::string_view text) {
     return text;
 }
 
+std::string Digits(unsigned long value, std::size_t width) {
+    std::string digits = std::to_string(value);
+    if (digits.size() < width) digits.insert(0, width - digits.size(), '0');
+    return digits;
+}
+
 std::optional<unsigned> ParseNumber(std::string_view text) {
     unsigned value = 0;
     const char* const end = text.data() + text.size();

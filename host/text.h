@@ -1,6 +1,7 @@
 // Text on its way between the link (bytes), the server (UTF-16) and people (UTF-8).
 #pragma once
 
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -27,6 +28,8 @@ std::string FromReadable(std::string_view utf8);
 std::string Upper(std::string_view ascii);
 /// Without blanks at both ends.
 std::string_view Trimmed(std::string_view text);
+/// A number with zeros in front, at least `width` digits.
+std::string Digits(unsigned long value, std::size_t width);
 /// A whole decimal number without sign.
 std::optional<unsigned> ParseNumber(std::string_view text);
 

@@ -56,7 +56,8 @@ TEST(FiasLink, APostingIsAnsweredWithItsOwnValuesInFixedOrder) {
         {"<STX>PS|RN102|PTC|DA240131|TI1405|P#77|<ETX>", "<STX>PA|RN102|ASOK|DA240131|TI1405|P#77|<ETX>"},
         {" PS|P#77|TI1405|DA240131|RN102| ", "<STX>PA|RN102|ASOK|DA240131|TI1405|P#77|<ETX>"},
         {"PS|RN102|DA240131|TI1405|", "<STX>PA|RN102|ASOK|DA240131|TI1405|P#|<ETX>"},
-        {"PS|RN102|CTDAY|DA240131|TI1405|P#7|", "<STX>PA|RN102|ASOK|DAY|TI1405|P#7|<ETX>"},  // the key's first place
+        // A key counts at its first place, also within a value.
+        {"PS|RN102|CTDAY XP#5|DA240131|TI1405|P#7|", "<STX>PA|RN102|ASOK|DAY XP#5|TI1405|P#5|<ETX>"},
         {"", "<STX>PA|RN|ASOK|DA|TI|P#|<ETX>"},
     };
     for (const auto& [posting, answer] : rows) {

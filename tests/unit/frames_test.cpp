@@ -138,6 +138,18 @@ TEST(RoomEvents, AreRecognisedAndConvertedAsEachModelSendsThem) {
         << "an empty setting has no state";
 }
 
+TEST(RoomEvents, OfMitelAreOfTheFirstRoomBehindTheFrameNumber) {
+    FakeMessage message;
+    std::string before = "1<FF>";
+    for (const std::string fields :
+         {"12<FF>13<FF>14<FF>15<FF>16", "13<FF>14<FF>15<FF>16", "14<FF>15<FF>16", "15<FF>16", "16"}) {
+        const std::u16string frame = Raw(before + fields + "<FF>25<FF>2" + kTrailer);
+        EXPECT_EQ(Shown(Ask(GetComConvertRoomStateRX, u"TYPE10014", frame, kSettings, message)),
+                  "<STX>08000" + fields.substr(0, 2) + "00111<ETX>");
+        before += "x<FF>";
+    }
+}
+
 TEST(WakeUpConfirmation, IsRecognisedAndConvertedAsEachModelSendsIt) {
     const std::string panasonic = "31/01/24 07:30   204      ";
     const struct {

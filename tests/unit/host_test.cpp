@@ -5,14 +5,14 @@
 #include <string>
 #include <vector>
 
-#include "host/exchange.h"
+#include "host/exchange/exchange.h"
+#include "host/exchange/scenario.h"
 #include "host/failure.h"
-#include "host/frames.h"
-#include "host/login.h"
+#include "host/link/frames.h"
+#include "host/link/login.h"
+#include "host/link/sender.h"
 #include "host/options.h"
 #include "host/output.h"
-#include "host/scenario.h"
-#include "host/sender.h"
 #include "host/text.h"
 
 namespace vintrel::host {
@@ -245,6 +245,11 @@ std::string Played(const LinkAnswers& answers, std::string_view code, std::strin
     exchange.Received(host_says);
     for (std::uint64_t now = 1; now < until; now += 50) exchange.Tick(now);
     return sent;
+}
+
+TEST(Exchange, RefusesAModelThatItHasNoWordsFor) {
+    EXPECT_NO_THROW(ExchangeRecords("TYPE10004"));
+    EXPECT_THROW(ExchangeRecords("TYPE10021"), Failure);
 }
 
 TEST(Exchange, LogsInAndWaitsForTheAcknowledgementOfEveryFrame) {

@@ -101,6 +101,8 @@ TEST(Innovaphone, PartiesDirectionAndTimesOfALeg) {
          "00051 00101 - 0000 0/0/0 0000 99999 15.06.26 11:00 -"},
         {u"event=A:Rel&date=20261340-256199&src_if=TEL1&dst_if=GW1",
          "00051 09999 - 0000 0/0/7 0000 00000 40.13.26 25:61 -"},
+        {u"event=A:Rel&date=20260615-090160&src_if=TEL1&dst_if=GW1",  // no such second: the digits stay
+         "00051 09999 - 0000 0/0/7 0000 00000 15.06.26 09:01 -"},
         {kIn + u"&src_cdpn=101&srv_id=02-00-5e-10-20-30-40", "length 70"},
         {u"event=A:Rel&date=today&src_if=TEL1&dst_if=GW1", "length 77"},
         {u"event=a:rel" + kIn.substr(11) + u"&src_cdpn=5", "00051 00005 -" + unanswered},
@@ -116,6 +118,7 @@ TEST(Innovaphone, PartiesDirectionAndTimesOfALeg) {
         {kIn.substr(12) + kTimes, "rejected"},
         {u"event=A:Rel&src_if=SIP1&dst_if=sip2" + kTimes, "rejected"},
         {u"event=A:Rel&src_if=TEL1&dst_if=TONE" + kTimes, "rejected"},
+        {u"event=A:Rel&src_if=tone2&dst_if=TEL1&src_cgpn=104&dst_cdpn=077" + kTimes, "rejected"},
         {u"event=A:Rel&src_if=TEL1" + kTimes, "rejected"},
         {u"event=A:Rel&src_if=GW1&dst_if=GW2" + kTimes, "rejected"},
     };
@@ -128,13 +131,21 @@ std::string TypeOf(Link& link, const std::u16string& record) {
     return converted.size() == 87 ? Shown(converted.substr(33, 1)) : Shown(converted);
 }
 
-TEST(Innovaphone, AConfiguredInterfaceDecidesAloneAndShutsOutAllOthers) {
+TEST(Innovaphone, InterfacesTellTheDirectionAndAConfiguredOneDecidesAlone) {
     Link link(u"TYPE10012");
+    const auto type_of = [&](const std::u16string& interfaces) {
+        return TypeOf(link, u"event=A:Rel&src_cgpn=104&src_cdpn=077&dst_cdpn=077" + interfaces + kTimes);
+    };
+    for (const auto* line : {u"BRI1", u"pri2", u"TEL4", u"ppp0", u"SIP3"}) {
+        EXPECT_EQ(type_of(std::u16string(u"&dst_if=RT1&src_if=") + line), "0") << Shown(line);
+        EXPECT_EQ(type_of(std::u16string(u"&src_if=RB1&dst_if=") + line), "1") << Shown(line);
+    }
+    link.settings.CallIncomingSrcIf = u"R";
+    EXPECT_EQ(type_of(u"&src_if=RB1&dst_if=rt2"), "0");
+    EXPECT_EQ(type_of(u"&src_if=RB1&dst_if=rb2") + type_of(u"&src_if=RT1&dst_if=RT2"), "<DLE><DLE>") << "stays inside";
+
     link.settings.CallIncomingSrcIf = u"SIP3";
     link.settings.CallOutgoingDstIf = u"PRI";
-    const auto type_of = [&](const char16_t* interfaces) {
-        return TypeOf(link, u"event=A:Rel&src_cgpn=104&src_cdpn=077&dst_cdpn=077" + (interfaces + kTimes));
-    };
     EXPECT_EQ(type_of(u"&src_if=sip31&dst_if=GW1"), "0");
     EXPECT_EQ(type_of(u"&src_if=GW1&dst_if=PRI2"), "1");
     EXPECT_EQ(type_of(u"&src_if=TEL1&dst_if=GW1"), "<DLE>");
@@ -189,24 +200,34 @@ TEST(Grandstream, DirectionPartiesAndTypeOfARow) {
         {{{3, u"Bar d'Or"}, {4, u"12345678901234567a"}},
          Call("00001 01001 1234567890123456", '1', "00060", "BAR D'OR")},
         {{{3, u"x"}, {20, u"y"}, {29, u"12"}, {4, u"a#"}}, Call("00001 00012 A#", '1', "00060", "X")},
+        {{{3, u"x"}, {20, u"1007"}, {29, u"12"}}, Call("00001 01007 0391", '1', "00060", "X")},
         {{{3, u""}, {20, u""}, {29, u"123456"}}, Call("00001 00000 0391", '1')},
         {{{11, u"15/06/2026"}}, "length 77"},
         {{{4, u"xfer-0391"}}, Call("00001 01001 XFER-0391", '3')},
         {{{5, u"from-internal-xfer-1"}}, Call("00001 01001 0391", '3')},
+        {{{5, u"Transfer"}}, Call("00001 01001 0391", '3')},
+        {{{5, u"callforward"}}, Call("00001 01001 0391", '3')},
         {{{30, u"CALLFORWARD_BUSY"}}, Call("00001 01001 0391", '3')},
+        {{{30, u"TRANSFER"}}, Call("00001 01001 0391", '3')},
+        {{{30, u"NO_CALL-FORWARD"}}, Call("00001 01001 0391", '3')},
         {{{19, u"External"}}, Call("00001 01001 0391", '3')},
         {{{19, u""}, {20, u"trunk_2"}}, Call("00001 01001 0391", '3')},
         {{{19, u"Other"}, {21, u"1005"}}, Call("00001 01001 0391", '1')},  // the context tells
+        {{{19, u""}, {5, u"x"}}, Call("00001 01001 0391", '1')},           // the trunk tells
         {{{4, u"s"}}, Call("00001 01001 S", '1')},
+        {{{4, u"P"}, {9, u"queue"}}, Call("00001 01001 P", '1')},
+        {{{9, u"ForkCDR"}}, Call("00001 01001 0391", '1')},
     };
     for (const auto& [changes, fields] : outgoing)
         EXPECT_EQ(Convert(u"TYPE10020", Row(changes)), fields) << Shown(Row(changes));
 
     const Columns rejected[] = {{{1, u"AcctId"}},
                                 {{4, u"s"}, {9, u"Playback"}},
+                                {{4, u"P"}, {9, u"Playback"}},
                                 {{5, u"pms-status"}},
                                 {{6, u"\"Wake Up Call\" <7>"}},
                                 {{9, u"ForkCDR"}, {10, u"ae"}},
+                                {{9, u"FORKCDR"}, {10, u"Are"}},
                                 {{16, u"NO ANSWER"}},
                                 {{16, u"ANSWERED ELSEWHERE"}},
                                 {{17, u"BILLING"}},
@@ -219,13 +240,18 @@ TEST(Grandstream, DirectionPartiesAndTypeOfARow) {
     const std::pair<Columns, std::string> incoming[] = {
         {{}, Call("00001 01004 01632", '0')},
         {{{25, u"1005"}}, Call("00001 01005 01632", '0', "00060", "1004")},
+        {{{21, u"1009"}}, Call("00001 01009 01632", '0', "00060", "1004")},
+        {{{21, u"group"}}, Call("00001 01004 01632", '0')},
+        {{{19, u""}}, Call("00001 01004 01632", '0')},  // the trunk tells
         {{{30, u"TRANSFER"}}, Call("00001 01004 01632", '2')},
         {{{15, u"0"}}, Call("00001 01004 01632", '7', "00000")},
         {{{16, u"NO ANSWER"}}, Call("00001 01004 01632", '7')},
         {{{30, u"RINGGROUP[6400]"}}, Call("00001 01004 01632", '0')},
         {{{30, u"RINGGROUP[6400]"}, {15, u"0"}}, "rejected"},
         {{{30, u"QUEUE[6500]"}, {16, u"NO ANSWER"}}, "rejected"},
+        {{{30, u"ext-group 6400"}, {16, u"NO ANSWER"}}, "rejected"},
         {{{5, u"ext-group"}, {16, u"NO ANSWER"}}, "rejected"},
+        {{{9, u"GosubIf"}, {21, u""}, {16, u"NO ANSWER"}}, "rejected"},
         {{{9, u"Queue"}, {21, u""}, {16, u"NO ANSWER"}}, "rejected"},
         {{{9, u"Queue"}, {16, u"NO ANSWER"}}, Call("00001 01004 01632", '7')},
     };
@@ -243,7 +269,12 @@ TEST(Wildix, SidesOfACallTellItsDirectionLineAndUser) {
         std::u16string outcome;  // billsec, disposition
         std::string fields;
     } rows[] = {
-        {u"201,0391,users,,SIP/201-1,SIP/BRI3-2,Dial,x", kAnswered, Call("00003 00201 0391", '1')},
+        {u"201,0391,users,,SIP/201-1,SIP/BRW3-2,Playback,x", kAnswered, Call("00003 00201 0391", '1')},
+        {u"201,0391,users,,SIP/201-1,,NoOp,Finish if-if-dial-using-gateway-trunk", kAnswered,
+         Call("00001 00201 0391", '1')},
+        {u"0163,204,main,,Local/204@m-1,,NoOp,Finish if-lookup-cidname-in-phonebook", kAnswered,
+         Call("00001 00204 0163", '0')},
+        {u"0163,204,main,,SIP/PRI-1,,Dial,fax received", kAnswered, Call("00001 00204 0163", '0')},
         {u"0711,0391,users,,DEVICE/209-1,SIP/W01PRI-15-2,Dial,x", kAnswered, Call("00015 00711 0391", '1')},
         {u"071155,0391,users,,COM/209@x-1,IAX2/b-2,Dial,x", u"100000,ANSWERED", Call("00001 00209 0391", '1', "99999")},
         {u"201,0391,users,,SIP/201-1,SIP/BRI3-2,Dial,x", u"0,ANSWERED", "rejected"},
@@ -262,7 +293,6 @@ TEST(Wildix, SidesOfACallTellItsDirectionLineAndUser) {
         {u"+163296,204,main,,Local/204@m-1,,NoOp,Finish if-simple-call", kAnswered, Call("00001 00204 +163296", '0')},
         {u"201,204,main,,Local/204@m-1,,NoOp,Finish if-simple-call", kAnswered, "rejected"},
         {u"206,207,macro-outgoing-call,,SIP/206-1,SIP/207-2,Dial,x", kAnswered, "rejected"},
-        {u"0163,800,main,,SIP/BRI-1,,RxFAX,x", kAnswered, "rejected"},
         {u"0163,204,main,,SIP/BRI-1,SIP/204-2,MYSQL,x", kAnswered, Call("00001 00204 0163", '0')},
         {u"0163,204,main,,SIP/PRI-1,SIP/204-2,Dial,x", u"60,FAILED", "rejected"},
     };
@@ -270,6 +300,12 @@ TEST(Wildix, SidesOfACallTellItsDirectionLineAndUser) {
         const std::u16string record = u"," + row.parties + u",2026-06-15 09:10:00,,,70," + row.outcome;
         EXPECT_EQ(Convert(u"TYPE10013", record), row.fields) << Shown(record);
     }
+    for (const auto* leg : {u"RxFAX,x", u"TXFAX,x", u"MacroExit,x", u"Read,x", u"Playback,x", u"VoiceMail,x",
+                            u"MYSQL,x", u"BackTicks,x", u"Dial,Fax received"})
+        EXPECT_EQ(Convert(u"TYPE10013", std::u16string(u",0163,204,main,,SIP/BRI-1,,") + leg +
+                                            u",2026-06-15 09:10:00,,,70,60,ANSWERED"),
+                  "rejected")
+            << Shown(leg);
     EXPECT_EQ(Convert(u"TYPE10013", u"\"98\",1,2,,,SIP/BRI-1,,,,2026-06-15 09:10:00,,,1,1,ANSWERED"),
               "00001 00002 1 0098 0/0/0 0000 00001 15.06.26 09:10 -");
     for (const auto* record : {u"\"1234\",\"2\",\"3\"",

@@ -202,11 +202,11 @@ struct OrderBench {
                                          clock, exchanges));
     }
     std::string CheckIn(std::u16string type, std::u16string_view name, std::int16_t language = 0,
-                        bool change_name = false, std::int32_t room = 204) {
-        return Shown(tx::ComEventCheckInTX(type, room, name, language, change_name ? 1 : 0, message, exchanges));
+                        std::int16_t change_name = 0, std::int32_t room = 204) {
+        return Shown(tx::ComEventCheckInTX(type, room, name, language, change_name, message, exchanges));
     }
-    std::string CheckOut(std::u16string type, bool change_name = false, std::int32_t room = 204) {
-        return Shown(tx::ComEventCheckOutTX(type, room, change_name ? 1 : 0, message, exchanges));
+    std::string CheckOut(std::u16string type, std::int16_t change_name = 0, std::int32_t room = 204) {
+        return Shown(tx::ComEventCheckOutTX(type, room, change_name, message, exchanges));
     }
     std::string UserName(std::u16string type, std::u16string_view given = u"Rossi", std::int32_t room = 204) {
         text::InOutText name(given);

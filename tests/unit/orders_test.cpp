@@ -61,12 +61,32 @@ TEST(GuestCommand, IsWhatTheModelExpects) {
     };
     OrderBench bench;
     for (const auto& [type, room, name, language, expected] : cases) {
-        const std::string in = bench.CheckIn(type, name, language, false, room);
-        const std::string out = bench.CheckOut(type, false, room);
+        const std::string in = bench.CheckIn(type, name, language, 0, room);
+        const std::string out = bench.CheckOut(type, 0, room);
         EXPECT_EQ(in + " " + out + " " + bench.UserName(type, name, room), expected);
         EXPECT_EQ(bench.caller_name, name);
     }
     EXPECT_TRUE(bench.message.texts.empty());
+}
+
+TEST(Language, HasAWordOfEachExchange) {
+    const struct {
+        std::string fias, innovaphone, grandstream;
+    } words[] = {{"GLGE|", "de", "DE"},
+                 {"GLIT|", "it", "IT"},
+                 {"GLEA|", "en", "EN"},
+                 {"GLFR|", "fr", "FR"},
+                 {"GLSP|", "sp", "ES_ES"}};
+    for (std::int16_t language = 0; language < 5; ++language) {
+        OrderBench bench;
+        const auto& word = words[language];
+        EXPECT_EQ(bench.CheckIn(u"TYPE12000", u"", language), "<STX>GI|RN204|" + word.fias + "<ETX>");
+        bench.network.scripts.resize(2);
+        bench.WakeUp(u"TYPE10012", {.room = 204, .time = u"0730", .mode = 0, .language = language});
+        bench.CheckIn(u"TYPE10020", u"", language);
+        EXPECT_NE(bench.network.requests.at(0).find("wakeup-moh-" + word.innovaphone + "&"), std::string::npos);
+        EXPECT_NE(bench.network.requests.at(1).find("<language>" + word.grandstream + "<"), std::string::npos);
+    }
 }
 
 TEST(GuestCommand, ReplacesAnEmptyOrNumericMitelNameInTheCallersVariable) {
@@ -148,8 +168,8 @@ TEST_F(NetworkOrders, InnovaphoneRequestsArePathsOfTheAdministrationPages) {
     };
     network.scripts.assign(8, PeerScript::Answering(kShowOk));
     for (const std::string& verdict :
-         {wake_up(0, 4), wake_up(2, 7), wake_up(1, 3), CheckIn(type, u"M&M Rossi", 0, true),
-          CheckIn(type, u"Rossi", 0, false), CheckOut(type, true), CheckOut(type), UserName(type)})
+         {wake_up(0, 4), wake_up(2, 7), wake_up(1, 3), CheckIn(type, u"M&M Rossi", 0, 1), CheckIn(type, u"Rossi", 0, 2),
+          CheckOut(type, 1), CheckOut(type, -1), UserName(type)})
         EXPECT_EQ(verdict, "<OK>");
     const std::string wake = "submit-wakeup&cn=201&name=wakeup-moh-";
     const std::string guest = "submit-object&cfnr=15&busy-out=1&cn=204";
@@ -190,9 +210,9 @@ TEST_F(NetworkOrders, GrandstreamRequestsCarryTheirDocumentInTheQuery) {
     network.scripts.assign(7, PeerScript::Answering("<r>SUCCESS</r>"));
     for (std::int16_t mode = 0; mode <= 3; ++mode)
         EXPECT_EQ(WakeUp(type, {.room = 204, .time = u"0730", .date = u"1511", .mode = mode}), "<OK>");
-    EXPECT_EQ(CheckIn(type, u"Anna & Co", 4, false), "<OK>");
-    EXPECT_EQ(CheckIn(type, u"", 5, true), "<OK>");
-    EXPECT_EQ(CheckOut(type, true), "<OK>");
+    EXPECT_EQ(CheckIn(type, u"Anna & Co", 4, 0), "<OK>");
+    EXPECT_EQ(CheckIn(type, u"", 5, 1), "<OK>");
+    EXPECT_EQ(CheckOut(type, 1), "<OK>");
     EXPECT_EQ(UserName(type), "");
     const std::string wake_up = "<wakeup><address>204</address><room>204</room>";
     const std::string at = "<w_time>0730</w_time><w_date>20261115</w_date></wakeup>";
@@ -249,11 +269,38 @@ TEST_F(NetworkOrders, GrandstreamSendsNothingToAnAddressThatIsNone) {
 
 TEST_F(NetworkOrders, IpOfficeTextBeyondAsciiGoesAsNumbersWhenHotelFunctionsAreOn) {
     network.scripts = {PeerScript::Answering(kTransferred)};
-    EXPECT_EQ(CheckIn(u"TYPE10017", u"Ren\u00E9 <\U0001F600> & \xD800", 0, true), "<OK>");
-    EXPECT_NE(network.sent.find("Ren&#233; &lt;&#128512;&gt; & &#65533;&lt;/FullName&gt;"), std::string::npos);
+    EXPECT_EQ(
+        CheckIn(u"TYPE10017", u"Ren\u00E9 <\U0001F600\U0010FFFF\U00010000>\uD7FF\uE000 & \xDC00\xDFFF \xD800", 0, 1),
+        "<OK>");
+    EXPECT_NE(network.sent.find("&lt;FullName&gt;Ren&#233; &lt;&#128512;&#1114111;&#65536;&gt;&#55295;&#57344; & "
+                                "&#65533;&#65533; &#65533;&lt;/FullName&gt;"),
+              std::string::npos);
     settings.HotelEnabled = false;
-    EXPECT_EQ(CheckOut(u"TYPE10017", true), "<OK>");
+    EXPECT_EQ(CheckOut(u"TYPE10017", 1), "<OK>");
     EXPECT_EQ(network.called, std::vector<std::string>{"ipo.hotel:8085"}) << "without hotel functions it sends nothing";
+}
+
+TEST_F(NetworkOrders, IpOfficeTakesAnUpdateOfTheUserInAnEnvelope) {
+    network.scripts = {PeerScript::Answering(kTransferred)};
+    EXPECT_EQ(CheckOut(u"TYPE10017", 2), "<OK>");
+    const std::string declaration = R"(<?xml version="1.0" encoding="utf-8"?>)";
+    const std::string body =
+        declaration + R"(<soap:Envelope xmlns:soap="http://schemas.xmlsoap.org/soap/envelope/")" +
+        R"( xmlns:xsi="http://www.w3.org/2001/XMLSchema-instance" xmlns:xsd="http://www.w3.org/2001/XMLSchema">)" +
+        R"(<soap:Body><SetUnitConfiguration xmlns="http://www.avaya.com/ipoconfiguration/2007/01">)" +
+        "<unitIPAddress>pbx.hotel</unitIPAddress><portNumber>8080</portNumber><accountName>admin</accountName>"
+        "<accountPassword>secret</accountPassword><configurationData>&lt;?xml version=\"1.0\" encoding=\"utf-8\"?&gt;"
+        "&lt;AvayaIPOConfiguration Version=\"1.0\"&gt;&lt;Users&gt;&lt;User Guid=\"0a1b2c\" Opp=\"Update\"&gt;"
+        "&lt;UserRights&gt;CheckOut&lt;/UserRights&gt;&lt;/User&gt;&lt;/Users&gt;&lt;/AvayaIPOConfiguration&gt;"
+        "</configurationData><batchTransaction>true</batchTransaction></SetUnitConfiguration></soap:Body></"
+        "soap:Envelope>";
+    EXPECT_EQ(network.sent,
+              "POST /IPOConfigurationService HTTP/1.1\r\n"
+              "User-Agent: Mozilla/4.0 (compatible; MSIE 6.0; MS Web Services Client Protocol 4.0.30319.42000)\r\n"
+              "Content-Type: text/xml; charset=utf-8\r\n"
+              "SOAPAction: \"http://www.avaya.com/ipoconfiguration/2007/01/IPOConfigService/SetUnitConfiguration\"\r\n"
+              "Host: ipo.hotel:8085\r\nContent-Length: " +
+                  std::to_string(body.size()) + "\r\nExpect: 100-continue\r\n\r\n" + body);
 }
 
 TEST_F(NetworkOrders, IpOfficeFaultsEndWithinTenSecondsOfConnectingAndTenOfAnswering) {
@@ -276,7 +323,7 @@ TEST_F(NetworkOrders, AnOrderDuringAnotherIsRefusedAndDisturbsNothing) {
             verdicts.push_back(CheckOut(type));
     });
     network.scripts = {{.pieces = {{2000, kShowOk}}, .end_at = 2000}};
-    EXPECT_EQ(CheckIn(u"TYPE10012", u"Rossi", 0, true), "<OK>");
+    EXPECT_EQ(CheckIn(u"TYPE10012", u"Rossi", 0, 1), "<OK>");
     EXPECT_EQ(verdicts, (std::vector<std::string>{"<ERROR>", "<ERROR>", "<ERROR>", "<ERROR>", "<STX>GO|RN204|<ETX>"}));
     EXPECT_EQ(network.requests.size() + network.called.size(), 1U);
     EXPECT_TRUE(telephony.opened.empty());
@@ -348,7 +395,7 @@ TEST_F(PanasonicOrders, ACheckInSetsTheNameInASecondRequest) {
 TEST_F(PanasonicOrders, CheckOutClearsTheNameOnlyWhenAskedAndARenameAlwaysDoes) {
     telephony.replies = {{}, {}, {}, {}};
     EXPECT_EQ(CheckOut(kType), "<OK>");
-    EXPECT_EQ(CheckOut(kType, true), "<OK>");
+    EXPECT_EQ(CheckOut(kType, 1), "<OK>");
     EXPECT_EQ(UserName(kType), "<OK>");
     ASSERT_EQ(telephony.blocks.size(), 4U);
     for (const std::size_t check_out : {0U, 1U}) EXPECT_EQ(Words(check_out, {12}), Values{64});

@@ -134,8 +134,35 @@ TEST_F(Initialisation, MissingIniIsWrittenWithTheDefaultsOfTheModel) {
     EXPECT_EQ(GetIniUser(319, settings, ini), u"5b9e20c4f17a3d8e6c02b9f4a18d7e53");
     EXPECT_EQ(GetIniUser(320, settings, ini), u"");
     Initialize(u"TYPE10012");
-    EXPECT_EQ(ini.written.size(), 17U);
     EXPECT_EQ(settings.WakeupResponseH323, u"Hotel");
+}
+
+TEST_F(Initialisation, InnovaphoneReadsEachKeyIntoItsSetting) {
+    const std::tuple<const char16_t*, const char16_t*, std::u16string Settings::*> keys[] = {
+        {u"CALL_INCOMING", u"src_if", &Settings::CallIncomingSrcIf},
+        {u"CALL_INCOMING", u"dst_if", &Settings::CallIncomingDstIf},
+        {u"CALL_OUTGOING", u"src_if", &Settings::CallOutgoingSrcIf},
+        {u"CALL_OUTGOING", u"dst_if", &Settings::CallOutgoingDstIf},
+        {u"ROOMSTATUS_CLEAN", u"dst_cdpn", &Settings::RoomStatusCleanCdpn},
+        {u"ROOMSTATUS_CLEAN_OCCUPIED", u"dst_cdpn", &Settings::RoomStatusCleanOccupiedCdpn},
+        {u"ROOMSTATUS_NOTCLEAN", u"dst_cdpn", &Settings::RoomStatusNotCleanCdpn},
+        {u"ROOMSTATUS_NOTCLEAN_OCCUPIED", u"dst_cdpn", &Settings::RoomStatusNotCleanOccupiedCdpn},
+        {u"ROOMSTATUS_ALARM", u"dst_cdpn", &Settings::RoomStatusAlarmCdpn},
+        {u"ROOMSTATUS_INSPECTED_OCCUPIED", u"dst_cdpn", &Settings::RoomStatusInspectedOccupiedCdpn},
+        {u"WAKEUP_RESPONSE", u"h323", &Settings::WakeupResponseH323},
+        {u"WAKEUP_RESPONSE", u"Fallback", &Settings::WakeupResponseFallback}};
+    for (const auto& [section, key, setting] : keys) {
+        ini.values = {{{kIni, section, key}, u"7"}};
+        Initialize(u"TYPE10012");
+        for (const auto& [other_section, other_key, other] : keys)
+            EXPECT_EQ(settings.*other, other == setting ? u"7" : u"") << Shown(section) << "/" << Shown(other_key);
+    }
+    files.contents.clear();
+    ini.values.clear();
+    Initialize(u"TYPE10012");
+    ASSERT_EQ(ini.written.size(), std::size(keys)) << "written with the same names";
+    for (std::size_t i = 0; i < std::size(keys); ++i)
+        EXPECT_EQ(Shown(ini.written[i]), Shown(std::get<0>(keys[i])) + "/" + Shown(std::get<1>(keys[i])));
 }
 
 TEST_F(Initialisation, HotelFunctionsAreOnUnlessSwitchedOff) {

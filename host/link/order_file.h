@@ -1,0 +1,33 @@
+// Orders for the exchange from a text file, one per line, sent while a link runs.
+#pragma once
+
+#include <cstdint>
+#include <deque>
+#include <string>
+#include <vector>
+
+#include "host/link/session.h"
+#include "host/server.h"
+
+namespace vintrel::host {
+
+class OrderFile {
+ public:
+    /// @param name  "" for none. @throws Failure (Usage) with the line that is no order.
+    OrderFile(const Server& server, const Model& model, const std::string& name);
+
+    /// Hands the orders that are due to the session. @return which they are, or what else became of them
+    std::vector<Event> Feed(Session& session, std::uint64_t now, bool connected);
+
+ private:
+    using Words = std::vector<std::string>;
+    std::u16string Ask(const Words& words) const;
+    std::u16string AskWakeUp(const Words& words, long room) const;
+
+    const Server& server_;
+    std::u16string code_;
+    std::deque<Words> orders_;
+    std::uint64_t due_ = 0;
+};
+
+}  // namespace vintrel::host
