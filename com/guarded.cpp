@@ -6,6 +6,7 @@
 #include <string>
 
 #include "platform/operation_error.h"
+#include "win32/wide.h"
 
 namespace vintrel::com {
 namespace {
@@ -25,8 +26,6 @@ void SetDescription(const ClassEntry& entry, const wchar_t* source, const wchar_
     creation->Release();
 }
 
-const wchar_t* Wide(const std::u16string& text) { return reinterpret_cast<const wchar_t*>(text.c_str()); }
-
 }  // namespace
 
 HRESULT Failure(const ClassEntry& entry, HRESULT result, const wchar_t* description) noexcept {
@@ -38,7 +37,7 @@ HRESULT CurrentFailure(const ClassEntry& entry) noexcept {
     try {
         throw;
     } catch (const platform::OperationError& error) {
-        SetDescription(entry, error.Source().empty() ? entry.prog_id : Wide(error.Source()), Wide(error.Description()));
+        SetDescription(entry, error.Source().empty() ? entry.prog_id : win32::Wide(error.Source()), win32::Wide(error.Description()));
         return static_cast<HRESULT>(error.Result());
     } catch (const std::bad_alloc&) {
         return Failure(entry, E_OUTOFMEMORY, L"Out of memory.");

@@ -1,21 +1,18 @@
 // The one server of the process: the settings and tables that all objects share, and the platform behind them.
 #pragma once
 
-#include "server/call_records.h"
+#include "exchanges/catalogue.h"
+#include "platform/settings.h"
 #include "server/external_transfer.h"
 #include "win32/ansi_text.h"
 #include "win32/clock.h"
 #include "win32/desktop.h"
 #include "win32/files.h"
-#include "win32/ini.h"
-#include "server/initialisation.h"
-#include "win32/message_loop.h"
-#include "platform/platform.h"
-#include "platform/settings.h"
-#include "win32/support_list.h"
-#include "tx/driven_exchanges.h"
 #include "win32/http.h"
+#include "win32/ini.h"
 #include "win32/md5.h"
+#include "win32/message_loop.h"
+#include "win32/support_list.h"
 #include "win32/tcp.h"
 #include "win32/telephony.h"
 

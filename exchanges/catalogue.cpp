@@ -45,7 +45,6 @@ class Catalogue {
 #define VINTREL_ADD(family) Add(family::Models());
         VINTREL_FAMILIES(VINTREL_ADD)
 #undef VINTREL_ADD
-        std::sort(models_.begin(), models_.end(), [](const Model* a, const Model* b) { return a->code < b->code; });
         by_ending_.fill(kNone);
         for (std::size_t place = 0; place < models_.size(); ++place)
             by_ending_.at(Ending(models_[place]->code)) = static_cast<std::uint8_t>(place);
@@ -65,7 +64,10 @@ class Catalogue {
 
  private:
     void Add(std::span<const Model> family) {
-        for (const Model& model : family) models_.push_back(&model);
+        for (const Model& model : family) {
+            const auto behind = [&](const Model* other) { return other->code > model.code; };
+            models_.insert(std::find_if(models_.begin(), models_.end(), behind), &model);
+        }
     }
 
     std::vector<const Model*> models_;

@@ -13,6 +13,7 @@
 #include "exchanges/surroundings.h"
 #include "records/gdv_record.h"
 #include "text/control_characters.h"
+#include "text/inline_text.h"
 #include "text/text.h"
 
 namespace vintrel::exchanges {
@@ -116,10 +117,10 @@ struct WakeUpResult {
 
 /// A wake-up call that a guest has set or cleared on the telephone: fields of the host's string, joined in this order.
 struct SetClock {
-    std::u16string command;  ///< with the extension
-    std::u16string mode;
-    std::u16string time;
-    std::u16string date;
+    text::InlineText<7> command;  ///< with the extension
+    text::InlineText<1> mode;
+    text::InlineText<4> time;
+    text::InlineText<4> date;
 };
 
 /// One model of a server, with all that it remembers.

@@ -1,6 +1,7 @@
 #include "exchanges/frames.h"
 
 #include <chrono>
+#include <optional>
 
 #include "text/control_characters.h"
 #include "text/dates.h"
@@ -24,13 +25,12 @@ bool IsFramed(std::u16string_view frame, std::u16string_view type) {
     return frame.starts_with(text::kStx) && frame.substr(1).starts_with(type) && frame.ends_with(text::kEtx);
 }
 
-std::optional<std::u16string> NextDate(std::u16string_view hours, std::u16string_view minutes,
-                                       const platform::Clock& clock) {
+text::InlineText<4> NextDate(std::u16string_view hours, std::u16string_view minutes, const platform::Clock& clock) {
     const auto first = NextOccurrence(hours, minutes, clock);
     const auto second = NextOccurrence(hours, minutes, clock);
-    if (!first || !second) return std::nullopt;
-    return text::TwoDigits(static_cast<int>(static_cast<unsigned>(first->day()))) +
-           text::TwoDigits(static_cast<int>(static_cast<unsigned>(second->month())));
+    if (!first || !second) return {};
+    return text::InlineText<4>(text::TwoDigits(static_cast<int>(static_cast<unsigned>(first->day()))),
+                               text::TwoDigits(static_cast<int>(static_cast<unsigned>(second->month()))));
 }
 
 }  // namespace vintrel::exchanges

@@ -17,7 +17,7 @@ double HoursMinutesSecondsToSeconds(std::u16string_view hhmmss) {
 
 void AssignJoinedDuration(GdvRecord& gdv, std::u16string_view hours, std::u16string_view minutes,
                           std::u16string_view seconds) {
-    AssignNumber<kDurationS>(gdv, HoursMinutesSecondsToSeconds(InlineText<6>(hours, minutes, seconds)));
+    AssignNumber<kDurationS>(gdv, HoursMinutesSecondsToSeconds(text::InlineText<6>(hours, minutes, seconds)));
 }
 
 }  // namespace vintrel::records

@@ -12,38 +12,10 @@
 #include "records/gdv_record.h"
 #include "text/control_characters.h"
 #include "text/dates.h"
+#include "text/inline_text.h"
 #include "text/text.h"
 
 namespace vintrel::records {
-
-/// A short text that lives where it stands.
-template <std::size_t Capacity>
-class InlineText {
-    static_assert(Capacity <= UINT8_MAX);
-
- public:
-    InlineText() {}  // NOLINT(modernize-use-equals-default): = default would clear the characters first
-    template <typename... Parts>
-    requires(sizeof...(Parts) > 0 &&
-             (std::is_convertible_v<Parts, std::u16string_view> && ...)) explicit InlineText(const Parts&... parts) {
-        (Append(parts), ...);
-    }
-
-    std::u16string_view View() const { return {characters_.data(), size_}; }
-    operator std::u16string_view() const { return View(); }  // NOLINT(google-explicit-constructor): it is a text
-    std::size_t size() const { return size_; }
-    bool empty() const { return size_ == 0; }
-
-    /// Does nothing when the part does not fit.
-    void Append(std::u16string_view part) {
-        if (part.size() > Capacity - size_) return;
-        for (const char16_t character : part) characters_[size_++] = character;
-    }
-
- private:
-    std::array<char16_t, Capacity> characters_;  // written before they are read: `size_` of them count
-    std::uint8_t size_ = 0;
-};
 
 // Texts of slots that an exchange does not report.
 inline constexpr std::u16string_view kNoUserCode = u"0000";
@@ -180,8 +152,8 @@ void AssignReplaced(GdvRecord& gdv, std::u16string_view text, char16_t character
 
 /// The digits of the text, in order, at most `Capacity`.
 template <std::size_t Capacity>
-InlineText<Capacity> DigitsOnly(std::u16string_view text) {
-    InlineText<Capacity> result;
+text::InlineText<Capacity> DigitsOnly(std::u16string_view text) {
+    text::InlineText<Capacity> result;
     for (const char16_t& character : text)
         if (text::IsDigit(character)) result.Append(std::u16string_view(&character, 1));
     return result;

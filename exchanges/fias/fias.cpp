@@ -79,12 +79,6 @@ std::u16string_view Value(std::u16string_view record, std::u16string_view key) {
     return GetPipeValue(record, key).value_or(std::u16string_view{});
 }
 
-/// "ddmm" of a date field "yymmdd".
-std::u16string DayAndMonth(std::u16string_view date) {
-    std::u16string day_month(Right(date, 2));
-    return day_month.append(Mid(date, 3, 2));
-}
-
 }  // namespace
 
 RoomState Fias::RoomStateOf(std::u16string_view frame) const {
@@ -117,23 +111,23 @@ std::optional<SetClock> Fias::SetClockOf(std::u16string_view record) const {
     const bool clear = Contains(record, u"WC|");
     SetClock fields;
 
-    if (set || clear) fields.command = u"08";
+    if (set || clear) fields.command.Append(u"08");
     const std::u16string_view room = Value(record, u"|RN");
     const std::u16string number = DecimalText(IsNumeric(room) ? NumberValue(room) : 0);
-    if (const auto extension = ZeroPad(number, 5)) fields.command += extension->str();
+    if (const auto extension = ZeroPad(number, 5)) fields.command.Append(extension->str());
 
-    if (set) fields.mode = u"1";
-    if (clear) fields.mode = u"2";
+    if (set || clear) fields.mode.Append(clear ? u"2" : u"1");
 
-    fields.time = Contains(record, u"|TI") ? Left(Value(record, u"|TI"), 4) : kUnknownTime;
+    fields.time.Append(Contains(record, u"|TI") ? Left(Value(record, u"|TI"), 4) : kUnknownTime);
 
     if (Contains(record, u"|DA")) {
-        if (set || clear) fields.date = DayAndMonth(Value(record, u"|DA"));
+        const std::u16string_view date = Value(record, u"|DA");  // "yymmdd"
+        if (set || clear) fields.date = InlineText<4>(Right(date, 2), Mid(date, 3, 2));
     } else if (clear) {
         // Minutes first: hosts know the date of a cleared call without one in this form.
-        fields.date = NextDate(Right(fields.time, 2), Left(fields.time, 2), Server().clock).value_or(u"");
+        fields.date = NextDate(Right(fields.time, 2), Left(fields.time, 2), Server().clock);
     } else if (set) {
-        fields.date = kNoDate;
+        fields.date.Append(kNoDate);
     }
     return fields;
 }

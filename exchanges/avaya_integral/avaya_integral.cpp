@@ -1,41 +1,15 @@
-// Avaya Integral 1/3/5 and 3: a serial line of STX ETX frames, in the form that the host has made its own.
-#include "exchanges/exchange.h"
+#include "exchanges/avaya_integral/avaya_integral.h"
+
 #include "exchanges/frames.h"
-#include "records/steps.h"
 #include "text/control_characters.h"
 
 namespace vintrel::exchanges::avaya_integral {
-namespace {
 
-using namespace records;
 using namespace text;
 
-enum class EmptyNames : std::uint8_t { Taken, Replaced };
-
-class AvayaIntegral final : public Exchange {
- public:
-    AvayaIntegral(const Model& model, const Surroundings& surroundings, EmptyNames empty_names)
-        : Exchange(model, surroundings), empty_names_(empty_names) {}
-
-    std::u16string WakeUp(const WakeUpOrder& order) override;
-    std::u16string CheckIn(const CheckInOrder& order) override;
-    std::u16string CheckOut(const CheckOutOrder& order) override;
-    std::u16string UserName(std::int32_t room, InOutText& name) override;
-
-    RoomState RoomStateOf(std::u16string_view frame) const override;
-    RoomAlarm RoomAlarmOf(std::u16string_view frame) const override;
-    WakeUpResult WakeUpResultOf(std::u16string_view frame) const override;
-    bool IsSetClock(std::u16string_view frame) const override;
-    std::optional<SetClock> SetClockOf(std::u16string_view frame) const override;
-    bool SpeaksTheHostsForm() const override { return true; }
-
-    Outcome ConvertCallRecord(InOutText& record, GdvRecord& gdv) override;
-
- private:
-    EmptyNames empty_names_;
-};
-
 // --- Models -----------------------------------------------------------------------------------------------------------
+
+namespace {
 
 // clang-format off
 //                             room  wake  cen-  call  check  guest  date  room
@@ -73,6 +47,10 @@ constexpr Model kModels[] = {
 };
 // clang-format on
 
+}  // namespace
+
+std::span<const Model> Models() { return kModels; }
+
 // --- Orders -----------------------------------------------------------------------------------------------------------
 
 /// The same for every mode.
@@ -80,10 +58,14 @@ std::u16string AvayaIntegral::WakeUp(const WakeUpOrder& order) {
     return Command({kStx, u"07", PaddedRoom(order.room), order.time, u"1", kEtx});
 }
 
+namespace {
+
 /// "11" opens the telephone, "22" bars it.
 std::u16string RoomCommand(std::int32_t room, std::u16string_view state) {
     return Command({kStx, u"04", PaddedRoom(room), state, kEtx});
 }
+
+}  // namespace
 
 std::u16string AvayaIntegral::CheckIn(const CheckInOrder& order) { return RoomCommand(order.room, u"11"); }
 
@@ -97,10 +79,14 @@ std::u16string AvayaIntegral::UserName(std::int32_t room, InOutText& name) {
 
 // --- Frames -----------------------------------------------------------------------------------------------------------
 
+namespace {
+
 /// STX "08", five digits of extension, the code, "1", ETX; the length is not checked.
 std::u16string_view RoomCode(std::u16string_view frame) {
     return IsFramed(frame, u"08") && Right(frame, 2) == u"1\x03" ? Mid(frame, 9, 4) : std::u16string_view{};
 }
+
+}  // namespace
 
 RoomState AvayaIntegral::RoomStateOf(std::u16string_view frame) const {
     const std::u16string_view code = RoomCode(frame);
@@ -128,36 +114,12 @@ std::optional<SetClock> AvayaIntegral::SetClockOf(std::u16string_view frame) con
     const std::u16string_view time = Mid(frame, 9, 4);
     const std::u16string_view mode = Mid(frame, 13, 1);
     SetClock fields;
-    fields.command = Mid(frame, 2, 7);
-    fields.mode = mode;
-    fields.time = time;
-    if (NumberValue(mode) == 1) fields.date = NextDate(Left(time, 2), Right(time, 2), Server().clock).value_or(u"");
-    if (NumberValue(mode) == 2) fields.date = kNoDate;
+    fields.command.Append(Mid(frame, 2, 7));
+    fields.mode.Append(mode);
+    fields.time.Append(time);
+    if (NumberValue(mode) == 1) fields.date = NextDate(Left(time, 2), Right(time, 2), Server().clock);
+    if (NumberValue(mode) == 2) fields.date.Append(kNoDate);
     return fields;
 }
-
-// --- Call records -----------------------------------------------------------------------------------------------------
-
-/// The columns of the Gdv record with a shorter duration; every record is a call.
-Outcome AvayaIntegral::ConvertCallRecord(InOutText& text, GdvRecord& gdv) {
-    const std::u16string_view record = text.View();
-    AssignUnreported(gdv);
-    Assign<kLine>(gdv, Mid(record, 2, 5));
-    Assign<kUser>(gdv, Mid(record, 7, 5));
-    Assign<kNumber>(gdv, Mid(record, 12, 16));
-    Assign<kUserCode>(gdv, Mid(record, 28, 4));
-    Assign<kSpare>(gdv, Mid(record, 32, 1));
-    Assign<kInfo>(gdv, Mid(record, 33, 1));
-    Assign<kType>(gdv, Mid(record, 34, 1));
-    Assign<kUnity>(gdv, Mid(record, 35, 4));
-    AssignZeroPadded<kDurationS>(gdv, Mid(record, 39, 4));
-    AssignDateTime(gdv, record, {.day = 43, .month = 45, .year = 47, .hour = 49, .minute = 51});
-    Assign<kPTYNumber>(gdv, kNoPtyNumber);
-    return Outcome::Call;
-}
-
-}  // namespace
-
-std::span<const Model> Models() { return kModels; }
 
 }  // namespace vintrel::exchanges::avaya_integral

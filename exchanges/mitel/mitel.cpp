@@ -1,47 +1,14 @@
-// Mitel (Ascotel, IntelliGate, 400): PC4 call records over a serial line or TCP; some models take hotel commands, the
-// hotel models also report what is dialled on a room's telephone.
-#include "exchanges/exchange.h"
-#include "records/steps.h"
+#include "exchanges/mitel/mitel.h"
+
 #include "text/control_characters.h"
 
 namespace vintrel::exchanges::mitel {
-namespace {
 
-using namespace records;
 using namespace text;
 
-/// Which frames of wake-up calls a model sends.
-enum class WakeUpFrames : std::uint8_t { None, Results, OtherKind, Both };
-
-struct Abilities {
-    bool orders = false;
-    bool room_events = false;
-    WakeUpFrames wake_up = WakeUpFrames::None;
-};
-
-class Mitel final : public Exchange {
- public:
-    Mitel(const Model& model, const Surroundings& surroundings, const Abilities& abilities)
-        : Exchange(model, surroundings), abilities_(abilities) {}
-
-    std::u16string WakeUp(const WakeUpOrder& order) override;
-    std::u16string CheckIn(const CheckInOrder& order) override;
-    std::u16string CheckOut(const CheckOutOrder& order) override;
-    std::u16string UserName(std::int32_t room, InOutText& name) override;
-
-    RoomState RoomStateOf(std::u16string_view frame) const override;
-    RoomAlarm RoomAlarmOf(std::u16string_view frame) const override;
-    WakeUpResult WakeUpResultOf(std::u16string_view frame) const override;
-
-    Outcome ConvertCallRecord(InOutText& record, GdvRecord& gdv) override;
-
- private:
-    std::u16string RoomCommand(std::int32_t room, std::u16string_view state) const;
-
-    Abilities abilities_;
-};
-
 // --- Models -----------------------------------------------------------------------------------------------------------
+
+namespace {
 
 constexpr auto kPrinter  = Make<Mitel, Abilities{}>;
 constexpr auto kOthers   = Make<Mitel, Abilities{.wake_up = WakeUpFrames::OtherKind}>;
@@ -106,6 +73,10 @@ constexpr Model kModels[] = {
 };
 // clang-format on
 
+}  // namespace
+
+std::span<const Model> Models() { return kModels; }
+
 // --- Orders -----------------------------------------------------------------------------------------------------------
 
 std::u16string Mitel::WakeUp(const WakeUpOrder& order) {
@@ -133,6 +104,8 @@ std::u16string Mitel::UserName(std::int32_t room, InOutText& name) {
 }
 
 // --- Frames: fields separated by FF; FF VT ETX CR LF at the end ---------------------------------------------------------
+
+namespace {
 
 constexpr std::u16string_view kTrailer = u"\x0C\x0B\x03\x0D\x0A";
 
@@ -168,6 +141,8 @@ std::u16string_view RoomCode(std::u16string_view frame) {
     return HasTrailer(frame) && Field(frame, 7) == kRoomEvent ? Field(frame, 8) : std::u16string_view{};
 }
 
+}  // namespace
+
 RoomState Mitel::RoomStateOf(std::u16string_view frame) const {
     if (!abilities_.room_events) return {};
     const std::u16string_view code = RoomCode(frame);
@@ -188,41 +163,5 @@ WakeUpResult Mitel::WakeUpResultOf(std::u16string_view frame) const {
         return {WakeUpResult::Yes, WakeUpResult::Answered, RoomIn(frame)};
     return {abilities_.wake_up == WakeUpFrames::Results ? WakeUpResult::No : WakeUpResult::SecondKind};
 }
-
-// --- Call records -----------------------------------------------------------------------------------------------------
-
-/// The first digit of the call-type code is the kind of charging (0 transferred, 1 dialled, 2 incoming, 6 to 9 with
-/// cost centre or private), the second how the call came about.
-std::u16string_view TypeOf(std::u16string_view code) {
-    if (code.size() != 2) return kTypeOutgoing;
-    const char16_t kind = code[0];
-    const char16_t way = code[1];
-    if (kind == u'2') {
-        if (way == u'0') return kTypeIncomingContinued;
-        if (way == u'2' || way == u'4') return kTypeNotAnswered;
-        return IsDigit(way) ? kTypeIncoming : kTypeOutgoing;
-    }
-    const bool transferred = kind == u'0' || kind == u'6' || kind == u'8';
-    return transferred && (way == u'0' || (way >= u'4' && way <= u'8')) ? kTypeOutgoingContinued : kTypeOutgoing;
-}
-
-Outcome Mitel::ConvertCallRecord(InOutText& text, GdvRecord& gdv) {
-    const std::u16string_view record = text.View();
-    Assign<kLine>(gdv, Mid(record, 43, 5));
-    Assign<kUser>(gdv, Mid(record, 2, 5));
-    Assign<kNumber>(gdv, Mid(record, 67, 16));
-    AssignZeroPadded<kUserCode>(gdv, Mid(record, 8, 4));
-    Assign<kType>(gdv, TypeOf(Trim(Mid(record, 18, 2))));
-    AssignZeroPadded<kUnity>(gdv, Mid(record, 62, 4));
-    AssignDuration(gdv, Mid(record, 34, 2), Mid(record, 37, 2), Mid(record, 40, 2));
-    AssignDateTime(gdv, record, {.day = 25, .month = 23, .year = 21, .hour = 28, .minute = 31});
-    AssignBlankPadded<kPTYNumber>(gdv, Mid(record, 49, 11));
-    AssignUnreported(gdv);
-    return Outcome::Call;
-}
-
-}  // namespace
-
-std::span<const Model> Models() { return kModels; }
 
 }  // namespace vintrel::exchanges::mitel
