@@ -21,6 +21,7 @@ namespace {
 constexpr Option kOptions[] = {
     kModelOption,
     kFormatOption,
+    {"--readable", "", "in the capture control characters stand by name, such as <STX>, and line ends are no data"},
     {"--settings", "FOLDER", "folder of Quindara.cfg and Vintrel.ini, for exchanges whose frames need them"},
 };
 
@@ -168,7 +169,7 @@ ExitCode Run(const Options& options) {
     const std::string code = options.Require("--model");
     const std::string& name = options.OnlyWord("the capture (a file, or - for the standard input)");
     const Format format = ParseFormat(options.Get("--format", "table"));
-    InputFile input(name);
+    InputFile input(name, options.Has("--readable") ? InputFile::Form::Readable : InputFile::Form::Bytes);
     const Server server;
     const Model model(server, code);
     Initialize(server, model, options.Get("--settings"));
