@@ -46,11 +46,11 @@ class Catalogue {
         VINTREL_FAMILIES(VINTREL_ADD)
 #undef VINTREL_ADD
         by_ending_.fill(kNone);
-        for (std::size_t place = 0; place < models_.size(); ++place)
+        for (std::size_t place = 0; place < count_; ++place)
             by_ending_.at(Ending(models_[place]->code)) = static_cast<std::uint8_t>(place);
     }
 
-    std::span<const Model* const> Models() const { return models_; }
+    std::span<const Model* const> Models() const { return {models_.data(), count_}; }
 
     /// No two codes have the same ending, so one comparison decides.
     std::optional<std::size_t> FindPlace(std::u16string_view code) const {
@@ -63,14 +63,17 @@ class Catalogue {
     }
 
  private:
+    /// Keeps the list in order.
     void Add(std::span<const Model> family) {
         for (const Model& model : family) {
-            const auto behind = [&](const Model* other) { return other->code > model.code; };
-            models_.insert(std::find_if(models_.begin(), models_.end(), behind), &model);
+            std::size_t place = count_++;
+            for (; place > 0 && models_[place - 1]->code > model.code; --place) models_[place] = models_[place - 1];
+            models_.at(place) = &model;
         }
     }
 
-    std::vector<const Model*> models_;
+    std::array<const Model*, kEndings> models_{};  // as many as there are endings
+    std::size_t count_ = 0;
     std::array<std::uint8_t, kEndings> by_ending_{};
 };
 

@@ -1,19 +1,40 @@
 #include "host/input_file.h"
 
 #include "host/failure.h"
+#include "host/text.h"
 
 namespace vintrel::host {
 
-InputFile::InputFile(const std::string& name) : name_(name), standard_input_(name == "-") {
-    if (standard_input_) return;
-    file_ = Handle(CreateFileW(ToWide(name).c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
+InputFile::InputFile(const std::string& name, Form form) : name_(name), standard_input_(name == "-") {
+    if (!standard_input_) Open();
+    if (form == Form::Readable) ReadShown();
+}
+
+void InputFile::Open() {
+    file_ = Handle(CreateFileW(ToWide(name_).c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
                                OPEN_EXISTING, FILE_FLAG_SEQUENTIAL_SCAN, nullptr));
-    if (!file_.Valid()) throw Failure(ExitCode::Failed, name + " cannot be opened: " + SystemMessage(GetLastError()));
+    if (!file_.Valid()) throw Failure(ExitCode::Failed, name_ + " cannot be opened: " + SystemMessage(GetLastError()));
     LARGE_INTEGER size{};
     if (GetFileSizeEx(file_.Get(), &size) != 0) size_ = static_cast<std::uint64_t>(size.QuadPart);
 }
 
+void InputFile::ReadShown() {
+    constexpr std::size_t kLongest = 16 * kPiece;
+    std::string text;
+    for (std::string_view bytes = Read(); !bytes.empty(); bytes = Read()) {
+        text.append(bytes);
+        if (text.size() > kLongest) throw Failure(ExitCode::Failed, name_ + " is too long for a readable capture");
+    }
+    std::erase_if(text, [](char character) { return character == '\r' || character == '\n'; });
+    shown_ = FromReadable(text);
+}
+
 std::size_t InputFile::ReadTo(char* buffer, std::size_t count) {
+    if (shown_) {
+        const std::size_t copied = shown_->copy(buffer, count, taken_);
+        taken_ += copied;
+        return copied;
+    }
     DWORD length = 0;
     HANDLE handle = standard_input_ ? GetStdHandle(STD_INPUT_HANDLE) : file_.Get();
     if (ReadFile(handle, buffer, static_cast<DWORD>(count), &length, nullptr) == 0) {

@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -13,8 +14,12 @@ namespace vintrel::host {
 /// A file, or the standard input where the name is "-", from its beginning to its end.
 class InputFile {
  public:
-    /// @throws Failure when it cannot be opened.
-    explicit InputFile(const std::string& name);
+    enum class Form : std::uint8_t {
+        Bytes,
+        Readable,  ///< a text that shows bytes: control characters by name, and the ends of its lines are no data
+    };
+    /// @throws Failure when it cannot be opened, and when a readable one is longer than anybody writes.
+    explicit InputFile(const std::string& name, Form form = Form::Bytes);
     /// At most `count` bytes, fewer where a pipe gives no more now; 0 at the end.
     std::size_t ReadTo(char* buffer, std::size_t count);
     /// The next piece; empty at the end.
@@ -24,11 +29,16 @@ class InputFile {
     std::uint64_t Size() const { return size_; }
 
  private:
+    void Open();
+    void ReadShown();
+
     std::string name_;
     Handle file_;
     bool standard_input_ = false;
     std::uint64_t size_ = 0;
     std::string buffer_;
+    std::optional<std::string> shown_;  ///< the bytes of a readable one
+    std::size_t taken_ = 0;             ///< how many of them have been read
 };
 
 /// All of a file. @throws Failure when it cannot be read.

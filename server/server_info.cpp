@@ -2,6 +2,8 @@
 
 #include <string>
 
+#include "version.h"
+
 namespace vintrel::server {
 namespace {
 
@@ -13,9 +15,9 @@ void OpenHelpPage(const platform::Settings& settings, platform::HelpViewer& help
 
 }  // namespace
 
-std::u16string_view GetServerVersion() { return u"2.841"; }
+std::u16string_view GetServerVersion() { return u"" VINTREL_VERSION; }
 
-std::int64_t GetServerVersionCur() { return 28410; }
+std::int64_t GetServerVersionCur() { return VINTREL_VERSION_TEN_THOUSANDTHS; }
 
 std::int16_t GetPabxActiveType(TypeCode type) { return UpperAndFind(type) ? 1 : 0; }
 

@@ -4,6 +4,7 @@
 
 #include "exchanges/frames.h"
 #include "text/control_characters.h"
+#include "text/fields.h"
 
 namespace vintrel::exchanges::fias {
 

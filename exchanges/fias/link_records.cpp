@@ -1,6 +1,7 @@
 #include "exchanges/fias/link_records.h"
 
 #include "text/control_characters.h"
+#include "text/fields.h"
 #include "platform/operation_error.h"
 
 namespace vintrel::exchanges::fias {

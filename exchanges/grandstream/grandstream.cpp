@@ -5,6 +5,7 @@
 
 #include "platform/operation_error.h"
 #include "platform/pbx_access.h"
+#include "text/fields.h"
 #include "text/word.h"
 
 namespace vintrel::exchanges::grandstream {

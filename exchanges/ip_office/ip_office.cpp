@@ -5,6 +5,7 @@
 #include "platform/operation_error.h"
 #include "platform/pbx_access.h"
 #include "platform/vintrel_ini.h"
+#include "text/fields.h"
 
 namespace vintrel::exchanges::ip_office {
 

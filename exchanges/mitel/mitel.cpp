@@ -1,6 +1,7 @@
 #include "exchanges/mitel/mitel.h"
 
 #include "text/control_characters.h"
+#include "text/fields.h"
 
 namespace vintrel::exchanges::mitel {
 

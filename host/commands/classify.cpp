@@ -21,6 +21,7 @@ namespace {
 constexpr Option kOptions[] = {
     kModelOption,
     kFormatOption,
+    {"--readable", "", "in the capture control characters stand by name, such as <STX>, and line ends are no data"},
     {"--settings", "FOLDER", "folder of Quindara.cfg and Vintrel.ini, for exchanges whose frames need them"},
 };
 
@@ -166,9 +167,9 @@ class Classification {
 
 ExitCode Run(const Options& options) {
     const std::string code = options.Require("--model");
-    const std::string& name = options.OnlyWord("the capture (a file, or - for the standard input)");
+    const std::string& name = options.Word();
     const Format format = ParseFormat(options.Get("--format", "table"));
-    InputFile input(name);
+    InputFile input(name, options.Has("--readable") ? InputFile::Form::Readable : InputFile::Form::Bytes);
     const Server server;
     const Model model(server, code);
     Initialize(server, model, options.Get("--settings"));
@@ -203,6 +204,7 @@ const Command kClassifyCommand{
     "output.\n"
     "Exit code 1 when a frame was incomplete.",
     kOptions,
+    kCaptureWord,
     Run,
 };
 

@@ -21,6 +21,7 @@ namespace {
 constexpr Option kOptions[] = {
     kModelOption,
     kFormatOption,
+    {"--readable", "", "in the capture control characters stand by name, such as <STX>, and line ends are no data"},
     {"--settings", "FOLDER", "folder of Quindara.cfg and Vintrel.ini, for exchanges whose records need them"},
     {"--verbose", "", "shows every frame that did not become a call, with the reason, on the error output"},
 };
@@ -160,9 +161,9 @@ std::string Summary(const Counts& counts) {
 
 ExitCode Run(const Options& options) {
     const std::string code = options.Require("--model");
-    const std::string& name = options.OnlyWord("the capture (a file, or - for the standard input)");
+    const std::string& name = options.Word();
     const Format format = ParseFormat(options.Get("--format", "table"));
-    InputFile input(name);
+    InputFile input(name, options.Has("--readable") ? InputFile::Form::Readable : InputFile::Form::Bytes);
     const Server server;
     const Model model(server, code);
     Initialize(server, model, options.Get("--settings"));
@@ -202,6 +203,7 @@ const Command kConvertCommand{
     "to be no call; \"malformed\" are records that do not have the model's layout.\n"
     "Exit code 1 when a record was malformed or incomplete.",
     kOptions,
+    kCaptureWord,
     Run,
 };
 
