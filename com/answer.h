@@ -17,8 +17,8 @@
 #include "com/guarded.h"
 #include "com/server_instance.h"
 #include "com/strings.h"
-#include "text/text.h"
 #include "server/type_code.h"
+#include "text/text.h"
 
 namespace vintrel::com {
 

@@ -1,7 +1,7 @@
 // The class ComEventsRX: received frames and call records. Each operation calls the core function of its name.
 #include "Vintrel.h"
-#include "server/call_records.h"
 #include "com/automation.h"
+#include "server/call_records.h"
 #include "server/external_transfer.h"
 #include "server/framing.h"
 #include "server/login.h"

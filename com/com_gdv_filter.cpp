@@ -1,7 +1,7 @@
 // The class ComGdvFilter: the layout of a converted call record. Each operation calls the core function of its name.
 #include "Vintrel.h"
-#include "server/gdv_filter.h"
 #include "com/automation.h"
+#include "server/gdv_filter.h"
 
 namespace vintrel::com {
 namespace {
@@ -22,10 +22,18 @@ class ComGdvFilter final : public Automation<_ComGdvFilter> {
     STDMETHODIMP GetGdvRealStringLenStop(short* result) noexcept override {
         return Answer(result, server::GetGdvRealStringLenStop);
     }
-    STDMETHODIMP GetGdvLineLenStart(short* result) noexcept override { return Answer(result, server::GetGdvLineLenStart); }
-    STDMETHODIMP GetGdvLineLenStop(short* result) noexcept override { return Answer(result, server::GetGdvLineLenStop); }
-    STDMETHODIMP GetGdvUserLenStart(short* result) noexcept override { return Answer(result, server::GetGdvUserLenStart); }
-    STDMETHODIMP GetGdvUserLenStop(short* result) noexcept override { return Answer(result, server::GetGdvUserLenStop); }
+    STDMETHODIMP GetGdvLineLenStart(short* result) noexcept override {
+        return Answer(result, server::GetGdvLineLenStart);
+    }
+    STDMETHODIMP GetGdvLineLenStop(short* result) noexcept override {
+        return Answer(result, server::GetGdvLineLenStop);
+    }
+    STDMETHODIMP GetGdvUserLenStart(short* result) noexcept override {
+        return Answer(result, server::GetGdvUserLenStart);
+    }
+    STDMETHODIMP GetGdvUserLenStop(short* result) noexcept override {
+        return Answer(result, server::GetGdvUserLenStop);
+    }
     STDMETHODIMP GetGdvNumberLenStart(short* result) noexcept override {
         return Answer(result, server::GetGdvNumberLenStart);
     }
@@ -41,37 +49,57 @@ class ComGdvFilter final : public Automation<_ComGdvFilter> {
     STDMETHODIMP GetGdvUnityLenStart(short* result) noexcept override {
         return Answer(result, server::GetGdvUnityLenStart);
     }
-    STDMETHODIMP GetGdvUnityLenStop(short* result) noexcept override { return Answer(result, server::GetGdvUnityLenStop); }
+    STDMETHODIMP GetGdvUnityLenStop(short* result) noexcept override {
+        return Answer(result, server::GetGdvUnityLenStop);
+    }
     STDMETHODIMP GetGdvDateDLenStart(short* result) noexcept override {
         return Answer(result, server::GetGdvDateDLenStart);
     }
-    STDMETHODIMP GetGdvDateDLenStop(short* result) noexcept override { return Answer(result, server::GetGdvDateDLenStop); }
+    STDMETHODIMP GetGdvDateDLenStop(short* result) noexcept override {
+        return Answer(result, server::GetGdvDateDLenStop);
+    }
     STDMETHODIMP GetGdvDateMLenStart(short* result) noexcept override {
         return Answer(result, server::GetGdvDateMLenStart);
     }
-    STDMETHODIMP GetGdvDateMLenStop(short* result) noexcept override { return Answer(result, server::GetGdvDateMLenStop); }
+    STDMETHODIMP GetGdvDateMLenStop(short* result) noexcept override {
+        return Answer(result, server::GetGdvDateMLenStop);
+    }
     STDMETHODIMP GetGdvDateYLenStart(short* result) noexcept override {
         return Answer(result, server::GetGdvDateYLenStart);
     }
-    STDMETHODIMP GetGdvDateYLenStop(short* result) noexcept override { return Answer(result, server::GetGdvDateYLenStop); }
+    STDMETHODIMP GetGdvDateYLenStop(short* result) noexcept override {
+        return Answer(result, server::GetGdvDateYLenStop);
+    }
     STDMETHODIMP GetGdvTimeHLenStart(short* result) noexcept override {
         return Answer(result, server::GetGdvTimeHLenStart);
     }
-    STDMETHODIMP GetGdvTimeHLenStop(short* result) noexcept override { return Answer(result, server::GetGdvTimeHLenStop); }
+    STDMETHODIMP GetGdvTimeHLenStop(short* result) noexcept override {
+        return Answer(result, server::GetGdvTimeHLenStop);
+    }
     STDMETHODIMP GetGdvTimeMLenStart(short* result) noexcept override {
         return Answer(result, server::GetGdvTimeMLenStart);
     }
-    STDMETHODIMP GetGdvTimeMLenStop(short* result) noexcept override { return Answer(result, server::GetGdvTimeMLenStop); }
+    STDMETHODIMP GetGdvTimeMLenStop(short* result) noexcept override {
+        return Answer(result, server::GetGdvTimeMLenStop);
+    }
     STDMETHODIMP GetGdvDurationSLenStart(short* result) noexcept override {
         return Answer(result, server::GetGdvDurationSLenStart);
     }
     STDMETHODIMP GetGdvDurationSLenStop(short* result) noexcept override {
         return Answer(result, server::GetGdvDurationSLenStop);
     }
-    STDMETHODIMP GetGdvTypeLenStart(short* result) noexcept override { return Answer(result, server::GetGdvTypeLenStart); }
-    STDMETHODIMP GetGdvTypeLenStop(short* result) noexcept override { return Answer(result, server::GetGdvTypeLenStop); }
-    STDMETHODIMP GetGdvInfoLenStart(short* result) noexcept override { return Answer(result, server::GetGdvInfoLenStart); }
-    STDMETHODIMP GetGdvInfoLenStop(short* result) noexcept override { return Answer(result, server::GetGdvInfoLenStop); }
+    STDMETHODIMP GetGdvTypeLenStart(short* result) noexcept override {
+        return Answer(result, server::GetGdvTypeLenStart);
+    }
+    STDMETHODIMP GetGdvTypeLenStop(short* result) noexcept override {
+        return Answer(result, server::GetGdvTypeLenStop);
+    }
+    STDMETHODIMP GetGdvInfoLenStart(short* result) noexcept override {
+        return Answer(result, server::GetGdvInfoLenStart);
+    }
+    STDMETHODIMP GetGdvInfoLenStop(short* result) noexcept override {
+        return Answer(result, server::GetGdvInfoLenStop);
+    }
     STDMETHODIMP GetGdvPTYNumberLenStart(short* result) noexcept override {
         return Answer(result, server::GetGdvPTYNumberLenStart);
     }

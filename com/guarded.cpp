@@ -37,7 +37,8 @@ HRESULT CurrentFailure(const ClassEntry& entry) noexcept {
     try {
         throw;
     } catch (const platform::OperationError& error) {
-        SetDescription(entry, error.Source().empty() ? entry.prog_id : win32::Wide(error.Source()), win32::Wide(error.Description()));
+        SetDescription(entry, error.Source().empty() ? entry.prog_id : win32::Wide(error.Source()),
+                       win32::Wide(error.Description()));
         return static_cast<HRESULT>(error.Result());
     } catch (const std::bad_alloc&) {
         return Failure(entry, E_OUTOFMEMORY, L"Out of memory.");

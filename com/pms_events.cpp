@@ -10,10 +10,18 @@ class PMSEvents final : public Automation<_PMSEvents> {
  public:
     using Automation::Automation;
 
-    STDMETHODIMP GetPMS_LS_String(BSTR* result) noexcept override { return Answer(result, exchanges::fias::GetPMS_LS_String); }
-    STDMETHODIMP GetPMS_LA_String(BSTR* result) noexcept override { return Answer(result, exchanges::fias::GetPMS_LA_String); }
-    STDMETHODIMP GetPMS_LE_String(BSTR* result) noexcept override { return Answer(result, exchanges::fias::GetPMS_LE_String); }
-    STDMETHODIMP GetPMS_DE_String(BSTR* result) noexcept override { return Answer(result, exchanges::fias::GetPMS_DE_String); }
+    STDMETHODIMP GetPMS_LS_String(BSTR* result) noexcept override {
+        return Answer(result, exchanges::fias::GetPMS_LS_String);
+    }
+    STDMETHODIMP GetPMS_LA_String(BSTR* result) noexcept override {
+        return Answer(result, exchanges::fias::GetPMS_LA_String);
+    }
+    STDMETHODIMP GetPMS_LE_String(BSTR* result) noexcept override {
+        return Answer(result, exchanges::fias::GetPMS_LE_String);
+    }
+    STDMETHODIMP GetPMS_DE_String(BSTR* result) noexcept override {
+        return Answer(result, exchanges::fias::GetPMS_DE_String);
+    }
     STDMETHODIMP GetPMS_ColumnData(BSTR* PMSString, BSTR* PMSColumn, BSTR* result) noexcept override {
         return Answer(result, exchanges::fias::GetPMS_ColumnData, PMSString, PMSColumn);
     }

@@ -6,6 +6,7 @@
 #include "exchanges/exchange.h"
 #include "records/steps.h"
 #include "text/control_characters.h"
+#include "text/numbers.h"
 #include "text/scan.h"
 
 namespace vintrel::exchanges::algoral {

@@ -1,5 +1,6 @@
-// What an exchange answers: the facts of a model, one row of its family's table, and what a family does. What a row or a
-// family leaves out has the answer of an exchange that has no such thing, so that a family writes down only what is so.
+// What an exchange answers: the facts of a model, one row of its family's table, and what a family does. What a row or
+// a family leaves out has the answer of an exchange that has no such thing, so that a family writes down only what is
+// so.
 #pragma once
 
 #include <cstdint>
@@ -45,11 +46,11 @@ struct Link {
 
 /// How the link is opened. The exchange's texts are matched by the host, the host's are sent as they stand.
 struct Login {
-    std::u16string_view request = kNoMessage, confirm{};     ///< of the exchange
-    std::u16string_view host_request{}, host_confirm{};      ///< of the host
-    std::u16string_view id_request{}, id_confirm{};          ///< the dialogue: what the exchange asks ...
-    std::u16string_view pw_request{}, pw_confirm{};          ///< ... and what the host answers
-    std::u16string_view id_request2{}, id_confirm2{};        ///< and once more
+    std::u16string_view request = kNoMessage, confirm{};  ///< of the exchange
+    std::u16string_view host_request{}, host_confirm{};   ///< of the host
+    std::u16string_view id_request{}, id_confirm{};       ///< the dialogue: what the exchange asks ...
+    std::u16string_view pw_request{}, pw_confirm{};       ///< ... and what the host answers
+    std::u16string_view id_request2{}, id_confirm2{};     ///< and once more
     std::u16string_view pw_request2{}, pw_confirm2{};
     std::u16string_view download{};
 };
@@ -60,7 +61,7 @@ struct Framing {
     std::u16string_view end = text::kCrLf, end2{};
     std::u16string_view acknowledge = kNoMessage;
     std::int16_t repeat_error = 1;
-    std::int16_t columns = 0, space = 0, comma = 0;             ///< of a separated record
+    std::int16_t columns = 0, space = 0, comma = 0;  ///< of a separated record
     std::u16string_view confirm_record{}, reject_record{};
 };
 

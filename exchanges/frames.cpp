@@ -5,6 +5,7 @@
 
 #include "text/control_characters.h"
 #include "text/dates.h"
+#include "text/numbers.h"
 #include "text/text.h"
 
 namespace vintrel::exchanges {

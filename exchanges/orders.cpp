@@ -1,8 +1,11 @@
 #include "exchanges/orders.h"
 
+#include "text/numbers.h"
 #include "text/text.h"
 
 namespace vintrel::exchanges {
+
+std::u16string Verdict(bool carried_out) { return carried_out ? u"<OK>" : u"<ERROR>"; }
 
 std::u16string_view WakeUpOrder::Hours() const { return text::Left(time, 2); }
 std::u16string_view WakeUpOrder::Minutes() const { return text::Right(time, 2); }

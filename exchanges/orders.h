@@ -11,7 +11,7 @@
 namespace vintrel::exchanges {
 
 /// The verdict of the exchanges that the server drives itself.
-inline std::u16string Verdict(bool carried_out) { return carried_out ? u"<OK>" : u"<ERROR>"; }
+std::u16string Verdict(bool carried_out);
 
 /// WakeUpMode.
 inline constexpr std::int16_t kSetOnce = 0;

@@ -5,6 +5,7 @@
 #include "exchanges/exchange.h"
 #include "records/network_record.h"
 #include "text/control_characters.h"
+#include "text/numbers.h"
 #include "text/quoted_fields.h"
 #include "text/word.h"
 

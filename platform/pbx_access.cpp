@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "platform/operation_error.h"
+#include "text/numbers.h"
 #include "text/text.h"
 
 namespace vintrel::platform {

@@ -1,4 +1,5 @@
 #include "records/steps.h"
+#include "text/numbers.h"
 
 namespace vintrel::records {
 

@@ -13,6 +13,7 @@
 #include "text/control_characters.h"
 #include "text/dates.h"
 #include "text/inline_text.h"
+#include "text/numbers.h"
 #include "text/text.h"
 
 namespace vintrel::records {

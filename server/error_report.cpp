@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "text/numbers.h"
 #include "text/text.h"
 
 namespace vintrel::server {

@@ -23,7 +23,8 @@ std::u16string_view GetComACKRx(TypeCode type, platform::CriticalMessage& messag
 }
 
 std::int16_t GetRepeatErrorEventRX(TypeCode type, platform::CriticalMessage& message) {
-    return AnswerFrom(&Model::framing, &Framing::repeat_error, type, u"GetRepeatErrorEventRX", message, std::int16_t{1});
+    return AnswerFrom(&Model::framing, &Framing::repeat_error, type, u"GetRepeatErrorEventRX", message,
+                      std::int16_t{1});
 }
 
 std::int16_t GetIPXComColumn(TypeCode type, platform::CriticalMessage& message) {

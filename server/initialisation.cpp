@@ -21,7 +21,9 @@ void SetHelpFilePage(std::u16string_view page, std::u16string_view index, platfo
     settings.HelpIndex = text::Trim(index);
 }
 
-void SetAllUserCommonDocumentsDirA(std::u16string_view folder, platform::Settings& settings) { settings.DocumentsDir = folder; }
+void SetAllUserCommonDocumentsDirA(std::u16string_view folder, platform::Settings& settings) {
+    settings.DocumentsDir = folder;
+}
 
 std::int16_t InitializeServer(TypeCode type, const exchanges::Exchanges& exchanges,
                               platform::CriticalMessage& message) {

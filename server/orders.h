@@ -1,5 +1,6 @@
-// The orders of the host: wake-up calls, and guests. Each answers the command for the host to send, or the verdict of an
-// exchange that the server drives itself; "" for a model without such an order. Unknown codes are reported and give "".
+// The orders of the host: wake-up calls, and guests. Each answers the command for the host to send, or the verdict of
+// an exchange that the server drives itself; "" for a model without such an order. Unknown codes are reported and give
+// "".
 #pragma once
 
 #include <cstdint>

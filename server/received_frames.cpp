@@ -45,7 +45,8 @@ std::u16string Joined(const exchanges::SetClock& fields) {
     std::u16string text;
     text.reserve(32);
     text += text::kStx;
-    for (const std::u16string_view field : {fields.command.View(), fields.mode.View(), fields.time.View(), fields.date.View()})
+    for (const std::u16string_view field :
+         {fields.command.View(), fields.mode.View(), fields.time.View(), fields.date.View()})
         text += field;
     text.append(kFillerWidth, text::kBlank);
     text += text::kEtx;

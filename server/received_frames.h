@@ -16,8 +16,8 @@ namespace vintrel::server {
 std::int16_t GetComIsRoomState(TypeCode type, std::u16string_view frame, const exchanges::Exchanges& exchanges);
 /// 1 a room-alarm message, 0 not, 2 a Mitel hotel frame of another kind.
 std::int16_t GetComIsRoomAlarm(TypeCode type, std::u16string_view frame, const exchanges::Exchanges& exchanges);
-/// 1 a wake-up confirmation, 0 not, 2 a wake-up message of the second kind (other Mitel hotel frames; a Panasonic wake-up
-/// call that starts).
+/// 1 a wake-up confirmation, 0 not, 2 a wake-up message of the second kind (other Mitel hotel frames; a Panasonic
+/// wake-up call that starts).
 std::int16_t GetComIsConfirmClock(TypeCode type, std::u16string_view frame, const exchanges::Exchanges& exchanges);
 /// 1 a wake-up call set or cleared at the exchange, 0 not.
 std::int16_t GetComIsSetClock(TypeCode type, std::u16string_view frame, const exchanges::Exchanges& exchanges);

@@ -26,7 +26,8 @@ std::u16string_view GetPabxTypeName(TypeCode type) {
     return model ? model->name : u"type not found";
 }
 
-void GetPabxTypeList(const platform::Settings& settings, platform::SupportListWindow& window, platform::HelpViewer& help_viewer) {
+void GetPabxTypeList(const platform::Settings& settings, platform::SupportListWindow& window,
+                     platform::HelpViewer& help_viewer) {
     platform::SupportListContent content;
     content.caption = u" Pabx Com Server  V " + std::u16string(GetServerVersion());
     content.heading = settings.FormCaptions[1];

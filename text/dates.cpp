@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "text/numbers.h"
 #include "text/text.h"
 
 namespace vintrel::text {
@@ -57,11 +58,11 @@ std::optional<DateTime> DateTimeOf(std::int64_t seconds) {
     const auto [day, time] = DayAndTime(seconds);
     const year_month_day date{sys_days(days(day))};
     return DateTime{.year = static_cast<int>(date.year()),
-                            .month = static_cast<int>(static_cast<unsigned>(date.month())),
-                            .day = static_cast<int>(static_cast<unsigned>(date.day())),
-                            .hour = time / 3600,
-                            .minute = time / 60 % 60,
-                            .second = time % 60};
+                    .month = static_cast<int>(static_cast<unsigned>(date.month())),
+                    .day = static_cast<int>(static_cast<unsigned>(date.day())),
+                    .hour = time / 3600,
+                    .minute = time / 60 % 60,
+                    .second = time % 60};
 }
 
 std::optional<int> MinuteOfDay(std::u16string_view hours, std::u16string_view minutes) {

@@ -11,7 +11,7 @@ bool Files::Exists(std::u16string_view path) const {
 }
 
 std::optional<std::vector<std::byte>> Files::Read(std::u16string_view path, std::uint64_t offset,
-                                                       std::size_t count) const {
+                                                  std::size_t count) const {
     const Handle file(CreateFileW(WideCopy(path).c_str(), GENERIC_READ,
                                   FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr, OPEN_EXISTING,
                                   FILE_ATTRIBUTE_NORMAL, nullptr));

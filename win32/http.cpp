@@ -215,9 +215,9 @@ std::unique_ptr<platform::Transfer> RequestEngine::Start(const platform::HttpReq
     const HINTERNET connection =
         WinHttpConnect(session_, WideCopy(request.host).c_str(), static_cast<INTERNET_PORT>(request.port), 0);
     if (connection == nullptr) return nullptr;
-    const HINTERNET handle = WinHttpOpenRequest(connection, WideCopy(request.method).c_str(),
-                                                WideCopy(request.target).c_str(), nullptr, WINHTTP_NO_REFERER,
-                                                WINHTTP_DEFAULT_ACCEPT_TYPES, request.secure ? WINHTTP_FLAG_SECURE : 0);
+    const HINTERNET handle =
+        WinHttpOpenRequest(connection, WideCopy(request.method).c_str(), WideCopy(request.target).c_str(), nullptr,
+                           WINHTTP_NO_REFERER, WINHTTP_DEFAULT_ACCEPT_TYPES, request.secure ? WINHTTP_FLAG_SECURE : 0);
     if (handle == nullptr) {
         WinHttpCloseHandle(connection);
         return nullptr;

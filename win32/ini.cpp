@@ -14,7 +14,7 @@ std::u16string Ini::Read(std::u16string_view path, std::u16string_view section, 
 }
 
 void Ini::Write(std::u16string_view path, std::u16string_view section, std::u16string_view key,
-                     std::u16string_view value) {
+                std::u16string_view value) {
     WritePrivateProfileStringW(WideCopy(section).c_str(), WideCopy(key).c_str(), WideCopy(value).c_str(),
                                WideCopy(path).c_str());
 }

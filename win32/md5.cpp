@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <vector>
 
-#include "win32/handle.h"
 #include "platform/operation_error.h"
+#include "text/numbers.h"
 #include "text/text.h"
 #include "win32/wide.h"
 
@@ -16,7 +16,6 @@ constexpr std::uint32_t kNoHash = 0x8004C332;
 constexpr std::uint32_t kDataNotHashed = 0x8004C312;
 constexpr std::uint32_t kNoLength = 0x8004C322;
 constexpr std::uint32_t kNoDigest = 0x8004C324;
-constexpr std::uint32_t kNoFile = 0x8004C342;
 
 /// Called directly after the failed call: it asks for the system's last error.
 [[noreturn]] void FailWithSystemError(std::uint32_t number, std::u16string_view what,
@@ -40,30 +39,6 @@ MD5Hash::~MD5Hash() {
 std::u16string MD5Hash::HashBytes(std::span<const std::byte> bytes) {
     StartHash();
     HashBlock(bytes);
-    return Finish();
-}
-
-std::u16string MD5Hash::HashFile(std::u16string_view path) {
-    constexpr std::size_t kBlock = 16384;
-    const std::wstring wide_path = WideCopy(path);
-    if (GetFileAttributesW(wide_path.c_str()) == INVALID_FILE_ATTRIBUTES)
-        throw platform::OperationError(kNoFile, u"File doesn't exist", u"MD5Hash.HashFile");
-
-    const Handle file(CreateFileW(wide_path.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
-                                          OPEN_EXISTING, FILE_FLAG_SEQUENTIAL_SCAN, nullptr));
-    LARGE_INTEGER size{};
-    bool readable = file.IsOpen() && GetFileSizeEx(file.Get(), &size) != FALSE;
-    std::vector<std::byte> block(kBlock);
-    StartHash();
-    for (auto rest = static_cast<std::uint64_t>(size.QuadPart); readable && rest > 0;) {
-        const auto count = static_cast<DWORD>(std::min<std::uint64_t>(rest, kBlock));
-        DWORD got = 0;
-        readable = ReadFile(file.Get(), block.data(), count, &got, nullptr) != FALSE && got == count;
-        if (readable) HashBlock(std::span(block).first(count));
-        rest -= count;
-    }
-    if (!readable)
-        throw platform::OperationError(platform::kPathOrFileAccess, u"The file cannot be read", u"MD5Hash.HashFile");
     return Finish();
 }
 

@@ -114,7 +114,7 @@ void SupportList::CreateControls() {
 }
 
 HWND SupportList::CreateControl(const wchar_t* control_class, const std::u16string& text, DWORD style,
-                                     DWORD extended_style, int id) {
+                                DWORD extended_style, int id) {
     return CreateWindowExW(extended_style, control_class, Wide(text), style | WS_CHILD | WS_VISIBLE, 0, 0, 0, 0,
                            window_, reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), ThisModule(), nullptr);
 }

@@ -8,6 +8,7 @@
 #include <string>
 #include <utility>
 
+#include "text/numbers.h"
 #include "text/text.h"
 #include "win32/wide.h"
 
@@ -38,9 +39,7 @@ class Winsock {
 class Lookup {
  public:
     Lookup(std::u16string_view host, std::int32_t port)
-        : host_(WideCopy(host)),
-          port_(WideCopy(text::DecimalText(port))),
-          thread_(GetCurrentThreadId()) {}
+        : host_(WideCopy(host)), port_(WideCopy(text::DecimalText(port))), thread_(GetCurrentThreadId()) {}
     ~Lookup() {
         if (addresses_ != nullptr) FreeAddrInfoW(addresses_);
     }

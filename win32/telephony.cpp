@@ -33,7 +33,7 @@ bool Telephony::Load() {
 }
 
 void CALLBACK Telephony::OnLineEvent(DWORD /*device*/, DWORD /*message*/, DWORD_PTR /*instance*/, DWORD_PTR first,
-                                          DWORD_PTR second, DWORD_PTR third) noexcept {
+                                     DWORD_PTR second, DWORD_PTR third) noexcept {
     Fenced([&] {
         const EventHandler handler = on_event_;  // a copy: the event may lead to the shut-down
         if (handler)
@@ -43,7 +43,7 @@ void CALLBACK Telephony::OnLineEvent(DWORD /*device*/, DWORD /*message*/, DWORD_
 }
 
 platform::TelephonyService::LineApplication Telephony::Initialize(std::u16string_view application_name,
-                                                                     EventHandler on_event) {
+                                                                  EventHandler on_event) {
     if (!Load()) return {.result = -1};
     on_event_ = std::move(on_event);
     const std::string name = AnsiText().FromText(application_name);
@@ -71,7 +71,7 @@ void Telephony::Shutdown(std::uint32_t application) {
 }
 
 std::optional<std::uint32_t> Telephony::NegotiateVersion(std::uint32_t application, std::uint32_t device,
-                                                              std::uint32_t lowest, std::uint32_t highest) {
+                                                         std::uint32_t lowest, std::uint32_t highest) {
     DWORD version = 0;
     LINEEXTENSIONID extension{};
     if (!Load() || negotiate_(application, device, lowest, highest, &version, &extension) != 0) return std::nullopt;
@@ -79,9 +79,9 @@ std::optional<std::uint32_t> Telephony::NegotiateVersion(std::uint32_t applicati
 }
 
 std::optional<platform::TelephonyService::LineCapabilities> Telephony::Capabilities(std::uint32_t application,
-                                                                                       std::uint32_t device,
-                                                                                       std::uint32_t version,
-                                                                                       std::size_t buffer_size) {
+                                                                                    std::uint32_t device,
+                                                                                    std::uint32_t version,
+                                                                                    std::size_t buffer_size) {
     std::vector<DWORD> buffer((std::max(buffer_size, sizeof(LINEDEVCAPS)) + sizeof(DWORD) - 1) / sizeof(DWORD));
     auto* const found = reinterpret_cast<LINEDEVCAPS*>(buffer.data());
     found->dwTotalSize = static_cast<DWORD>(buffer_size);
@@ -92,14 +92,13 @@ std::optional<platform::TelephonyService::LineCapabilities> Telephony::Capabilit
     const std::size_t offset = found->dwLineNameOffset;
     if (offset < buffer_size) {
         const std::size_t size = std::min<std::size_t>(found->dwLineNameSize, buffer_size - offset);
-        capabilities.name =
-            AnsiText().ToText({reinterpret_cast<const char*>(buffer.data()) + offset, size});
+        capabilities.name = AnsiText().ToText({reinterpret_cast<const char*>(buffer.data()) + offset, size});
     }
     return capabilities;
 }
 
-std::optional<std::uint32_t> Telephony::Open(std::uint32_t application, std::uint32_t device,
-                                                  std::uint32_t version, const LineOptions& options) {
+std::optional<std::uint32_t> Telephony::Open(std::uint32_t application, std::uint32_t device, std::uint32_t version,
+                                             const LineOptions& options) {
     HLINE line = 0;
     if (!Load() || open_(application, device, &line, version, options.extension_version, options.callback_instance,
                          options.privileges, options.media_modes, nullptr) != 0)
@@ -108,7 +107,7 @@ std::optional<std::uint32_t> Telephony::Open(std::uint32_t application, std::uin
 }
 
 std::int32_t Telephony::DeviceSpecific(std::uint32_t line, std::uint32_t address, std::uint32_t call,
-                                            std::span<std::byte> block) {
+                                       std::span<std::byte> block) {
     if (!Load()) return -1;
     return static_cast<std::int32_t>(
         device_specific_(line, address, call, block.data(), static_cast<DWORD>(block.size())));

@@ -2,12 +2,14 @@
 
 #include "exchanges/frames.h"
 #include "text/control_characters.h"
+#include "text/numbers.h"
 
 namespace vintrel::exchanges::avaya_integral {
 
 using namespace text;
 
-// --- Models -----------------------------------------------------------------------------------------------------------
+// --- Models
+// -----------------------------------------------------------------------------------------------------------
 
 namespace {
 
@@ -51,7 +53,8 @@ constexpr Model kModels[] = {
 
 std::span<const Model> Models() { return kModels; }
 
-// --- Orders -----------------------------------------------------------------------------------------------------------
+// --- Orders
+// -----------------------------------------------------------------------------------------------------------
 
 /// The same for every mode.
 std::u16string AvayaIntegral::WakeUp(const WakeUpOrder& order) {
@@ -77,7 +80,8 @@ std::u16string AvayaIntegral::UserName(std::int32_t room, InOutText& name) {
     return Command({kStx, u"06", PaddedRoom(room), replaced ? plain : name.View(), kEtx});
 }
 
-// --- Frames -----------------------------------------------------------------------------------------------------------
+// --- Frames
+// -----------------------------------------------------------------------------------------------------------
 
 namespace {
 

@@ -5,12 +5,14 @@
 #include "exchanges/frames.h"
 #include "text/control_characters.h"
 #include "text/fields.h"
+#include "text/numbers.h"
 
 namespace vintrel::exchanges::fias {
 
 using namespace text;
 
-// --- The model --------------------------------------------------------------------------------------------------------
+// --- The model
+// --------------------------------------------------------------------------------------------------------
 
 namespace {
 
@@ -38,7 +40,8 @@ constexpr Model kModels[] = {{
 
 std::span<const Model> Models() { return kModels; }
 
-// --- Orders -----------------------------------------------------------------------------------------------------------
+// --- Orders
+// -----------------------------------------------------------------------------------------------------------
 
 namespace {
 
@@ -71,7 +74,8 @@ std::u16string Fias::UserName(std::int32_t room, InOutText& name) {
     return Command({kStx, u"GC|RN", Room(room), u"|GN", Trim(name.View()), u"|", kEtx});
 }
 
-// --- Frames -----------------------------------------------------------------------------------------------------------
+// --- Frames
+// -----------------------------------------------------------------------------------------------------------
 
 namespace {
 

@@ -1,8 +1,9 @@
 #include "exchanges/fias/link_records.h"
 
+#include "platform/operation_error.h"
 #include "text/control_characters.h"
 #include "text/fields.h"
-#include "platform/operation_error.h"
+#include "text/numbers.h"
 
 namespace vintrel::exchanges::fias {
 namespace {

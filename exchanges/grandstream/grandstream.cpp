@@ -6,13 +6,15 @@
 #include "platform/operation_error.h"
 #include "platform/pbx_access.h"
 #include "text/fields.h"
+#include "text/numbers.h"
 #include "text/word.h"
 
 namespace vintrel::exchanges::grandstream {
 
 using namespace text;
 
-// --- The model --------------------------------------------------------------------------------------------------------
+// --- The model
+// --------------------------------------------------------------------------------------------------------
 
 namespace {
 
@@ -39,7 +41,8 @@ constexpr Model kModels[] = {{
 
 std::span<const Model> Models() { return kModels; }
 
-// --- Preparation ------------------------------------------------------------------------------------------------------
+// --- Preparation
+// ------------------------------------------------------------------------------------------------------
 
 /// The exchange's token is the digest of the account name directly followed by the password.
 void Grandstream::Initialize() {
@@ -56,13 +59,14 @@ void Grandstream::Initialize() {
 
     platform::Settings fresh = settings;
     if (access) std::move(*access).TakeOver(fresh);
-    GsBaseUrl_ = Command({u"https://", fresh.PbxHost, u":", DecimalText(fresh.PbxPort), u"/pmsapi?token=", token,
-                          u"&format=xml&data="});
+    GsBaseUrl_ = Command(
+        {u"https://", fresh.PbxHost, u":", DecimalText(fresh.PbxPort), u"/pmsapi?token=", token, u"&format=xml&data="});
     GsToken_ = std::move(token);
     settings = std::move(fresh);
 }
 
-// --- Frames: call records of feature codes and wake-up calls --------------------------------------------------------------
+// --- Frames: call records of feature codes and wake-up calls
+// --------------------------------------------------------------
 
 namespace {
 

@@ -1,5 +1,5 @@
-// Grandstream UCM: call records and events over TCP; an order is a document in an HTTPS request to the PMS interface of the
-// exchange.
+// Grandstream UCM: call records and events over TCP; an order is a document in an HTTPS request to the PMS interface of
+// the exchange.
 #pragma once
 
 #include <string>

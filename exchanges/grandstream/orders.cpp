@@ -5,6 +5,7 @@
 #include "exchanges/answer.h"
 #include "exchanges/grandstream/grandstream.h"
 #include "platform/waits.h"
+#include "text/numbers.h"
 
 namespace vintrel::exchanges::grandstream {
 
@@ -64,12 +65,11 @@ std::u16string Grandstream::WakeUp(const WakeUpOrder& order) {
 std::u16string Grandstream::CheckIn(const CheckInOrder& order) {
     const std::u16string room = Room(order.room);
     const DateTime now = Server().clock.LocalNow();
-    return Submit(
-        Command({u"<pms_data_request><checkin><address>", room, u"</address><room>", room, u"</room><account>", room,
-                 u"</account><language>", LanguageWord(kLanguages, order.language, u""), u"</language><firstname>",
-                 order.name, u"</firstname><lastname></lastname><datein>", DecimalText(now.year),
-                 TwoDigits(now.month), TwoDigits(now.day),
-                 u" 00:01</datein><dateout>23991231 23:59</dateout><cos>4</cos></checkin>", u"</pms_data_request>"}));
+    return Submit(Command(
+        {u"<pms_data_request><checkin><address>", room, u"</address><room>", room, u"</room><account>", room,
+         u"</account><language>", LanguageWord(kLanguages, order.language, u""), u"</language><firstname>", order.name,
+         u"</firstname><lastname></lastname><datein>", DecimalText(now.year), TwoDigits(now.month), TwoDigits(now.day),
+         u" 00:01</datein><dateout>23991231 23:59</dateout><cos>4</cos></checkin>", u"</pms_data_request>"}));
 }
 
 std::u16string Grandstream::CheckOut(const CheckOutOrder& /*order*/) {
@@ -90,14 +90,14 @@ bool Grandstream::Confirmed(std::u16string_view document) {
     const std::u16string target = Command({address->path, document});
     const std::unique_ptr<platform::Transfer> transfer =
         Server().request_engine.Start({.method = u"POST",
-                       .host = address->host,
-                       .port = address->port,
-                       .target = target,
-                       .header = u"format: xml",
-                       .user = settings.PbxUser,
-                       .password = settings.PbxPassword,
-                       .secure = true,
-                       .ignored_certificate_errors = kIgnoredCertificateErrors});
+                                       .host = address->host,
+                                       .port = address->port,
+                                       .target = target,
+                                       .header = u"format: xml",
+                                       .user = settings.PbxUser,
+                                       .password = settings.PbxPassword,
+                                       .secure = true,
+                                       .ignored_certificate_errors = kIgnoredCertificateErrors});
     if (!transfer) return false;
 
     const auto started = [&] { return transfer->State() != platform::TransferState::Starting; };

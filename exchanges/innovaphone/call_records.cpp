@@ -56,8 +56,7 @@ bool IsLineInterface(std::u16string_view interface_name) {
     return UpperBegins<u"BRI", u"PRI", u"TEL", u"PPP", u"SIP">(interface_name);
 }
 
-std::optional<Direction> DirectionOf(std::u16string_view src_if, std::u16string_view dst_if,
-                                     const Numbers& numbers) {
+std::optional<Direction> DirectionOf(std::u16string_view src_if, std::u16string_view dst_if, const Numbers& numbers) {
     const std::u16string_view incoming_src = Trim(numbers.CallIncomingSrcIf);
     const std::u16string_view incoming_dst = Trim(numbers.CallIncomingDstIf);
     const std::u16string_view outgoing_src = Trim(numbers.CallOutgoingSrcIf);
@@ -119,11 +118,11 @@ std::optional<DateTime> PrintedInstant(std::u16string_view date) {
     if (day.size() != 8 || time.size() != 6 || !IsDigits(day) || !IsDigits(time)) return std::nullopt;
     const auto number = [](std::u16string_view digits) { return static_cast<int>(WholeNumber(digits)); };
     return DateTime{.year = number(Mid(day, 1, 4)),
-                            .month = number(Mid(day, 5, 2)),
-                            .day = number(Mid(day, 7, 2)),
-                            .hour = number(Mid(time, 1, 2)),
-                            .minute = number(Mid(time, 3, 2)),
-                            .second = number(Mid(time, 5, 2))};
+                    .month = number(Mid(day, 5, 2)),
+                    .day = number(Mid(day, 7, 2)),
+                    .hour = number(Mid(time, 1, 2)),
+                    .minute = number(Mid(time, 3, 2)),
+                    .second = number(Mid(time, 5, 2))};
 }
 
 /// The instant of the answer, else of the record, as local time. A date that does not exist keeps its digits.

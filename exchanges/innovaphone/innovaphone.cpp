@@ -6,12 +6,14 @@
 #include "platform/pbx_access.h"
 #include "platform/vintrel_ini.h"
 #include "text/fields.h"
+#include "text/numbers.h"
 
 namespace vintrel::exchanges::innovaphone {
 
 using namespace text;
 
-// --- The model --------------------------------------------------------------------------------------------------------
+// --- The model
+// --------------------------------------------------------------------------------------------------------
 
 namespace {
 
@@ -39,7 +41,8 @@ constexpr Model kModels[] = {{
 
 std::span<const Model> Models() { return kModels; }
 
-// --- Preparation ------------------------------------------------------------------------------------------------------
+// --- Preparation
+// ------------------------------------------------------------------------------------------------------
 
 namespace {
 
@@ -77,7 +80,8 @@ void Innovaphone::Initialize() {
     if (access) std::move(*access).TakeOver(settings);
 }
 
-// --- Frames -----------------------------------------------------------------------------------------------------------
+// --- Frames
+// -----------------------------------------------------------------------------------------------------------
 
 namespace {
 

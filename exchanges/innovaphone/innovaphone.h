@@ -51,8 +51,9 @@ class Innovaphone final : public Exchange {
     bool FetchCurrent();
 
     Numbers numbers_;
-    std::u16string request_;     ///< the current one; the next order replaces it
-    ReferenceTable references_;  ///< calls of which a transferred leg has been converted: later legs are continued calls
+    std::u16string request_;  ///< the current one; the next order replaces it
+    ReferenceTable
+        references_;  ///< calls of which a transferred leg has been converted: later legs are continued calls
 };
 
 }  // namespace vintrel::exchanges::innovaphone

@@ -4,6 +4,7 @@
 #include "exchanges/answer.h"
 #include "exchanges/innovaphone/innovaphone.h"
 #include "platform/waits.h"
+#include "text/numbers.h"
 
 namespace vintrel::exchanges::innovaphone {
 
@@ -67,12 +68,13 @@ std::u16string Innovaphone::Submit(std::u16string request) {
 
 bool Innovaphone::FetchCurrent() {
     const platform::Settings& settings = Server().settings;
-    const std::unique_ptr<platform::Transfer> transfer = Server().request_engine.Start({.method = u"GET",
-                                                                                        .host = settings.PbxHost,
-                                                                                        .port = settings.PbxPort,
-                                                                                        .target = request_,
-                                                                                        .user = settings.PbxUser,
-                                                                                        .password = settings.PbxPassword});
+    const std::unique_ptr<platform::Transfer> transfer =
+        Server().request_engine.Start({.method = u"GET",
+                                       .host = settings.PbxHost,
+                                       .port = settings.PbxPort,
+                                       .target = request_,
+                                       .user = settings.PbxUser,
+                                       .password = settings.PbxPassword});
     if (!transfer) return false;
     Answer answer;
     platform::WaitUntil(Server().loop, Server().clock, kRequestLimit, [&] { return !answer.Collect(*transfer); });

@@ -5,6 +5,7 @@
 #include "records/steps.h"
 #include "text/comma_fields.h"
 #include "text/dates.h"
+#include "text/numbers.h"
 
 namespace vintrel::exchanges::ip_office {
 
@@ -80,11 +81,11 @@ std::optional<DateTime> StartOf(const Leg& leg) {
         return static_cast<int>(NumberValue(Mid(leg.start, position, 2)));
     };
     return DateTime{.year = static_cast<int>(NumberValue(year)),
-                            .month = number(6),
-                            .day = number(9),
-                            .hour = number(12),
-                            .minute = number(15),
-                            .second = number(18)};
+                    .month = number(6),
+                    .day = number(9),
+                    .hour = number(12),
+                    .minute = number(15),
+                    .second = number(18)};
 }
 
 /// A date that does not exist stays as it is printed.

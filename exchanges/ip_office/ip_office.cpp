@@ -6,12 +6,14 @@
 #include "platform/pbx_access.h"
 #include "platform/vintrel_ini.h"
 #include "text/fields.h"
+#include "text/numbers.h"
 
 namespace vintrel::exchanges::ip_office {
 
 using namespace text;
 
-// --- The model --------------------------------------------------------------------------------------------------------
+// --- The model
+// --------------------------------------------------------------------------------------------------------
 
 namespace {
 
@@ -37,7 +39,8 @@ constexpr Model kModels[] = {{
 
 std::span<const Model> Models() { return kModels; }
 
-// --- Preparation ------------------------------------------------------------------------------------------------------
+// --- Preparation
+// ------------------------------------------------------------------------------------------------------
 
 namespace {
 
@@ -82,7 +85,8 @@ std::u16string IpOffice::GetIniUser(std::int32_t number) const {
     return platform::ReadIniValue(Server().ini, platform::IniPath(Server().settings), u"USERS", DecimalText(number));
 }
 
-// --- Frames -----------------------------------------------------------------------------------------------------------
+// --- Frames
+// -----------------------------------------------------------------------------------------------------------
 
 namespace {
 

@@ -1,5 +1,5 @@
-// Avaya IP Office: call records of legs over TCP; an order is a user configuration, sent to the configuration service of
-// the exchange by SOAP on a connection of the server's own.
+// Avaya IP Office: call records of legs over TCP; an order is a user configuration, sent to the configuration service
+// of the exchange by SOAP on a connection of the server's own.
 #pragma once
 
 #include <cstdint>

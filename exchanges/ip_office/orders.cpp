@@ -3,6 +3,7 @@
 #include "exchanges/answer.h"
 #include "exchanges/ip_office/ip_office.h"
 #include "platform/waits.h"
+#include "text/numbers.h"
 
 namespace vintrel::exchanges::ip_office {
 
@@ -79,8 +80,7 @@ std::u16string IpOffice::UserName(std::int32_t room, InOutText& name) {
     return Configure(room, u"", NameElement(name.View()));
 }
 
-std::u16string IpOffice::Configure(std::int32_t room, std::u16string_view rights,
-                                        std::u16string_view name_element) {
+std::u16string IpOffice::Configure(std::int32_t room, std::u16string_view rights, std::u16string_view name_element) {
     if (!Server().settings.HotelEnabled) return Verdict(true);
     const OrderGuard::Turn turn(Server().guard);
     if (!turn) return Verdict(false);
@@ -110,9 +110,9 @@ std::string IpOffice::Header(std::size_t body_size) const {
         Command({u"POST /IPOConfigurationService HTTP/1.1\r\n",
                  u"User-Agent: Mozilla/4.0 (compatible; MSIE 6.0; MS Web Services Client Protocol 4.0.30319.42000)\r\n",
                  u"Content-Type: text/xml; charset=utf-8\r\n", u"SOAPAction: \"", kConfigurationNamespace,
-                 u"/IPOConfigService/SetUnitConfiguration\"\r\n", u"Host: ", host_, u":",
-                 DecimalText(port_), u"\r\nContent-Length: ",
-                 DecimalText(static_cast<std::int32_t>(body_size)), u"\r\nExpect: 100-continue\r\n\r\n"}));
+                 u"/IPOConfigService/SetUnitConfiguration\"\r\n", u"Host: ", host_, u":", DecimalText(port_),
+                 u"\r\nContent-Length: ", DecimalText(static_cast<std::int32_t>(body_size)),
+                 u"\r\nExpect: 100-continue\r\n\r\n"}));
 }
 
 /// 1 when the exchange has confirmed the transfer of the configuration, else 0.

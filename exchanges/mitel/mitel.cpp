@@ -2,20 +2,22 @@
 
 #include "text/control_characters.h"
 #include "text/fields.h"
+#include "text/numbers.h"
 
 namespace vintrel::exchanges::mitel {
 
 using namespace text;
 
-// --- Models -----------------------------------------------------------------------------------------------------------
+// --- Models
+// -----------------------------------------------------------------------------------------------------------
 
 namespace {
 
-constexpr auto kPrinter  = Make<Mitel, Abilities{}>;
-constexpr auto kOthers   = Make<Mitel, Abilities{.wake_up = WakeUpFrames::OtherKind}>;
-constexpr auto kI4       = Make<Mitel, Abilities{.orders = true, .wake_up = WakeUpFrames::OtherKind}>;
-constexpr auto kI5       = Make<Mitel, Abilities{.orders = true, .wake_up = WakeUpFrames::Both}>;  // the only one with both
-constexpr auto kHotel    = Make<Mitel, Abilities{.orders = true, .room_events = true, .wake_up = WakeUpFrames::Results}>;
+constexpr auto kPrinter = Make<Mitel, Abilities{}>;
+constexpr auto kOthers = Make<Mitel, Abilities{.wake_up = WakeUpFrames::OtherKind}>;
+constexpr auto kI4 = Make<Mitel, Abilities{.orders = true, .wake_up = WakeUpFrames::OtherKind}>;
+constexpr auto kI5 = Make<Mitel, Abilities{.orders = true, .wake_up = WakeUpFrames::Both}>;  // the only one with both
+constexpr auto kHotel = Make<Mitel, Abilities{.orders = true, .room_events = true, .wake_up = WakeUpFrames::Results}>;
 
 // clang-format off
 //                             room  wake  cen-  call  check  guest  date  room
@@ -31,7 +33,7 @@ constexpr Link kTcp{.connection = 2, .winsock = 0, .connect = 1, .reconnect = 1}
 constexpr Link kHotelTcp{.connection = 2, .winsock = 1, .connect = 1, .reconnect = 1};
 
 // Telnet negotiations, one character per byte.
-constexpr std::u16string_view kWillSga = u"\xFF\xFB\x03";    // IAC WILL SUPPRESS-GO-AHEAD
+constexpr std::u16string_view kWillSga = u"\xFF\xFB\x03";  // IAC WILL SUPPRESS-GO-AHEAD
 constexpr std::u16string_view kIacDoEcho = u"\xFF\xFD\x01";
 
 constexpr Login kNoLogin{};
@@ -78,7 +80,8 @@ constexpr Model kModels[] = {
 
 std::span<const Model> Models() { return kModels; }
 
-// --- Orders -----------------------------------------------------------------------------------------------------------
+// --- Orders
+// -----------------------------------------------------------------------------------------------------------
 
 std::u16string Mitel::WakeUp(const WakeUpOrder& order) {
     std::u16string_view mode;
@@ -104,7 +107,8 @@ std::u16string Mitel::UserName(std::int32_t room, InOutText& name) {
     return Command({u"h4", kTab, Room(room), kTab, name.View(), kCr});
 }
 
-// --- Frames: fields separated by FF; FF VT ETX CR LF at the end ---------------------------------------------------------
+// --- Frames: fields separated by FF; FF VT ETX CR LF at the end
+// ---------------------------------------------------------
 
 namespace {
 

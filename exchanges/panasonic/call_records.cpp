@@ -34,8 +34,7 @@ Endings EndingsOf(std::u16string_view line) {
 }
 
 bool IsHotelEvent(std::u16string_view line) {
-    return UpperContains<u"CHECK IN", u"CHECK OUT", u"CLEANED UP">(line) ||
-           UpperContains<u"TIMED REMINDER">(line);
+    return UpperContains<u"CHECK IN", u"CHECK OUT", u"CLEANED UP">(line) || UpperContains<u"TIMED REMINDER">(line);
 }
 
 /// Hours, minutes and seconds around the first ":" behind the dialled number, printed hh:mm'ss. Without one they are

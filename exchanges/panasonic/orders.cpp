@@ -1,6 +1,7 @@
 #include "exchanges/panasonic/panasonic.h"
 #include "platform/waits.h"
 #include "text/control_characters.h"
+#include "text/numbers.h"
 
 namespace vintrel::exchanges::panasonic {
 
@@ -92,7 +93,8 @@ std::optional<std::uint32_t> PanasonicHotel::FindDevice(std::int32_t room) {
         const std::optional<std::uint32_t> version =
             Server().telephony.NegotiateVersion(tapi_.TapiLineApp, device, kLowestVersion, kHighestVersion);
         if (!version) continue;
-        const auto capabilities = Server().telephony.Capabilities(tapi_.TapiLineApp, device, *version, kCapabilitiesSize);
+        const auto capabilities =
+            Server().telephony.Capabilities(tapi_.TapiLineApp, device, *version, kCapabilitiesSize);
         if (!capabilities || (capabilities->media_modes & kInteractiveVoice) == 0) continue;
         if (UpperEquals(Trim(BeforeNul(capabilities->name)), wanted)) return device;
     }
@@ -107,10 +109,10 @@ std::optional<std::uint32_t> PanasonicHotel::OpenLine(std::int32_t room) {
         Server().telephony.NegotiateVersion(application, *device, kLowestVersion, kHighestVersion);
     if (!version) return std::nullopt;
     return Server().telephony.Open(application, *device, *version,
-                           {.extension_version = 0,
-                            .callback_instance = kProgramTag,
-                            .privileges = kOwnerAndMonitor,
-                            .media_modes = kInteractiveVoice});
+                                   {.extension_version = 0,
+                                    .callback_instance = kProgramTag,
+                                    .privileges = kOwnerAndMonitor,
+                                    .media_modes = kInteractiveVoice});
 }
 
 /// Sends the block with this request, and tells whether the exchange has replied to it.

@@ -7,7 +7,8 @@ namespace vintrel::exchanges::panasonic {
 
 using namespace text;
 
-// --- Models -----------------------------------------------------------------------------------------------------------
+// --- Models
+// -----------------------------------------------------------------------------------------------------------
 
 namespace {
 
@@ -52,7 +53,8 @@ constexpr Model kModels[] = {
 
 std::span<const Model> Models() { return kModels; }
 
-// --- Preparation ------------------------------------------------------------------------------------------------------
+// --- Preparation
+// ------------------------------------------------------------------------------------------------------
 
 namespace {
 
@@ -74,9 +76,8 @@ void PanasonicHotel::InitializeSec() {
     Server().loop.ProcessPending();
     if (tapi_.TapiLineApp != 0) return;  // the host called again meanwhile
     const auto line = Server().telephony.Initialize(
-        u"Vintrel", [this](std::uint32_t first, std::int32_t second, std::int32_t third) {
-            StoreLineReply(first, second, third);
-        });
+        u"Vintrel",
+        [this](std::uint32_t first, std::int32_t second, std::int32_t third) { StoreLineReply(first, second, third); });
     if (line.result != 0) return;
     tapi_.TapiLineApp = line.handle;
     tapi_.TapiLineCount = line.line_count;
@@ -95,7 +96,8 @@ void PanasonicHotel::UnInitialize() {
     tapi_.TapiLineApp = 0;
 }
 
-// --- Frames -----------------------------------------------------------------------------------------------------------
+// --- Frames
+// -----------------------------------------------------------------------------------------------------------
 
 namespace {
 

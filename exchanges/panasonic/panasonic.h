@@ -1,5 +1,5 @@
-// Panasonic KX-TDE: call records over a serial line; KX-TDE/NS: the same and hotel events over TCP. There an order is one
-// or two device-specific requests on the telephony line of the extension.
+// Panasonic KX-TDE: call records over a serial line; KX-TDE/NS: the same and hotel events over TCP. There an order is
+// one or two device-specific requests on the telephony line of the extension.
 #pragma once
 
 #include <cstdint>

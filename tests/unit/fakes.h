@@ -9,7 +9,11 @@
 #include <tuple>
 #include <vector>
 
-#include "platform/platform.h"
+#include "platform/ansi_text.h"
+#include "platform/clock.h"
+#include "platform/desktop.h"
+#include "platform/files.h"
+#include "platform/message_loop.h"
 
 namespace vintrel::testing {
 

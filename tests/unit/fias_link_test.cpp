@@ -1,17 +1,17 @@
-#include "pms/fias_link.h"
+#include "exchanges/fias/link_records.h"
 
 #include <gtest/gtest.h>
 
 #include "fakes.h"
-#include "printing.h"
 #include "platform/operation_error.h"
+#include "printing.h"
 
-namespace vintrel::pms {
+namespace vintrel::exchanges::fias {
 namespace {
 
-using text::InOutText;
 using testing::Raw;
 using testing::Shown;
+using text::InOutText;
 
 TEST(FiasLink, LinkRecordsCarryTheLocalDateAndTime) {
     testing::FakeClock clock;
@@ -70,4 +70,4 @@ TEST(FiasLink, APostingIsAnsweredWithItsOwnValuesInFixedOrder) {
 }
 
 }  // namespace
-}  // namespace vintrel::pms
+}  // namespace vintrel::exchanges::fias

@@ -3,12 +3,21 @@
 #include <random>
 
 #include "call_records.h"
+#include "exchanges/innovaphone/reference_table.h"
+#include "exchanges/ip_office/continuation_table.h"
+#include "records/steps.h"
 #include "text/comma_fields.h"
 #include "text/dates.h"
+#include "text/fields.h"
 
-namespace vintrel::cdr {
+namespace vintrel::server {
 namespace {
 
+using namespace records;
+using namespace text;
+
+using exchanges::innovaphone::ReferenceTable;
+using exchanges::ip_office::ContinuationTable;
 using testing::ExpectFields;
 using testing::Link;
 using testing::Shown;
@@ -393,4 +402,4 @@ TEST(ContinuationTable, DropsTheOldestCallBeyondItsBound) {
 }
 
 }  // namespace
-}  // namespace vintrel::cdr
+}  // namespace vintrel::server

@@ -4,10 +4,10 @@
 
 #include <fstream>
 
-#include "printing.h"
 #include "platform/operation_error.h"
+#include "printing.h"
 
-namespace vintrel::tx {
+namespace vintrel::win32 {
 namespace {
 
 using testing::Shown;
@@ -70,4 +70,4 @@ TEST(Md5, EveryFailureHasItsNumberSourceAndSystemError) {
 }
 
 }  // namespace
-}  // namespace vintrel::tx
+}  // namespace vintrel::win32

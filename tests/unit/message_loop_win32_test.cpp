@@ -5,18 +5,18 @@
 #include <new>
 #include <thread>
 
-#include "win32/clock.h"
 #include "platform/waits.h"
+#include "win32/clock.h"
 
-namespace vintrel::server {
+namespace vintrel::win32 {
 namespace {
 
 class HiddenWindow : public ::testing::Test {
  protected:
     std::uint64_t Elapsed() const { return clock.Milliseconds() - start; }
 
-    Win32MessageLoop loop;
-    Win32Clock clock;
+    MessageLoop loop;
+    Clock clock;
     std::uint64_t start = clock.Milliseconds();
 };
 
@@ -93,4 +93,4 @@ TEST_F(HiddenWindow, AnExceptionInATickEndsThere) {
 }
 
 }  // namespace
-}  // namespace vintrel::server
+}  // namespace vintrel::win32

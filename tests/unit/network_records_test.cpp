@@ -5,12 +5,16 @@
 #include <string>
 
 #include "call_records.h"
-#include "cdr/innovaphone_keys.h"
+#include "exchanges/innovaphone/record_keys.h"
 #include "text/quoted_fields.h"
 
-namespace vintrel::cdr {
+namespace vintrel::server {
 namespace {
 
+using namespace text;
+
+using exchanges::innovaphone::RecordKey;
+using exchanges::innovaphone::RecordKeys;
 using testing::Link;
 using testing::Shown;
 
@@ -65,7 +69,7 @@ TEST(QuotedFields, SplitsWhereTheQuotesSay) {
 }
 
 TEST(InnovaphoneKeys, AKeyCountsAtTheStartAndBehindAmpersandOrBlank) {
-    using Key = InnovaphoneKey;
+    using Key = RecordKey;
     const std::tuple<const char16_t*, Key, std::string> rows[] = {
         {u"event=A:Rel&ref=1", Key::Event, "A:Rel"},
         {u"<14>Jan 1 box event=A:Rel&ref=1", Key::Event, "A:Rel"},
@@ -77,8 +81,7 @@ TEST(InnovaphoneKeys, AKeyCountsAtTheStartAndBehindAmpersandOrBlank) {
         {u"src_cgpn=+++", Key::SrcCgpn, ""},
         {u"src_cgpn&=1&ref", Key::SrcCgpn, ""},
     };
-    for (const auto& [record, key, value] : rows)
-        EXPECT_EQ(Shown(InnovaphoneKeys(record)[key]), value) << Shown(record);
+    for (const auto& [record, key, value] : rows) EXPECT_EQ(Shown(RecordKeys(record)[key]), value) << Shown(record);
 }
 
 const std::u16string kTimes = u"&connect_time=1781514009&disc_time=1781514084&srv_id=02-00-5e-10-20-30\r\n";
@@ -136,21 +139,27 @@ TEST(Innovaphone, InterfacesTellTheDirectionAndAConfiguredOneDecidesAlone) {
     const auto type_of = [&](const std::u16string& interfaces) {
         return TypeOf(link, u"event=A:Rel&src_cgpn=104&src_cdpn=077&dst_cdpn=077" + interfaces + kTimes);
     };
+    const auto configure = [&](std::u16string_view section, std::u16string_view key, std::u16string_view value) {
+        link.Ini(section, key) = value;
+        link.Initialize(u"TYPE10012");
+    };
     for (const auto* line : {u"BRI1", u"pri2", u"TEL4", u"ppp0", u"SIP3"}) {
         EXPECT_EQ(type_of(std::u16string(u"&dst_if=RT1&src_if=") + line), "0") << Shown(line);
         EXPECT_EQ(type_of(std::u16string(u"&src_if=RB1&dst_if=") + line), "1") << Shown(line);
     }
-    link.settings.CallIncomingSrcIf = u"R";
+    configure(u"CALL_INCOMING", u"src_if", u"R");
     EXPECT_EQ(type_of(u"&src_if=RB1&dst_if=rt2"), "0");
     EXPECT_EQ(type_of(u"&src_if=RB1&dst_if=rb2") + type_of(u"&src_if=RT1&dst_if=RT2"), "<DLE><DLE>") << "stays inside";
 
-    link.settings.CallIncomingSrcIf = u"SIP3";
-    link.settings.CallOutgoingDstIf = u"PRI";
+    configure(u"CALL_INCOMING", u"src_if", u" sip3 ");
+    configure(u"CALL_OUTGOING", u"dst_if", u"PRI");
     EXPECT_EQ(type_of(u"&src_if=sip31&dst_if=GW1"), "0");
     EXPECT_EQ(type_of(u"&src_if=GW1&dst_if=PRI2"), "1");
     EXPECT_EQ(type_of(u"&src_if=TEL1&dst_if=GW1"), "<DLE>");
-    link.settings.CallIncomingDstIf = u"GW2";
+    configure(u"CALL_INCOMING", u"dst_if", u"GW2");
     EXPECT_EQ(type_of(u"&src_if=SIP3&dst_if=GW1"), "<DLE>") << "both ends are configured";
+    configure(u"CALL_OUTGOING", u"src_if", u"GW9");
+    EXPECT_EQ(type_of(u"&src_if=GW1&dst_if=PRI2") + type_of(u"&src_if=GW9&dst_if=PRI2"), "<DLE>1");
 }
 
 TEST(Innovaphone, LegsAfterATransferredOneAreContinuedUntilTheCallIsReleased) {
@@ -315,4 +324,4 @@ TEST(Wildix, SidesOfACallTellItsDirectionLineAndUser) {
 }
 
 }  // namespace
-}  // namespace vintrel::cdr
+}  // namespace vintrel::server

@@ -5,10 +5,12 @@
 #include <algorithm>
 
 #include "printing.h"
+#include "text/fields.h"
+#include "text/numbers.h"
 #include "text/scan.h"
 #include "text/word.h"
 
-namespace vintrel::server {
+namespace vintrel::text {
 namespace {
 
 using testing::Shown;
@@ -133,4 +135,4 @@ TEST(Scan, FindsAtEveryPositionAndLength) {
 }
 
 }  // namespace
-}  // namespace vintrel::server
+}  // namespace vintrel::text

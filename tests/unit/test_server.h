@@ -1,4 +1,5 @@
-// Scripted peers for the orders: what the network and the telephony service would do, on virtual time.
+// A server of fakes: scripted peers, which do what the network and the telephony service would do, on virtual time; and
+// the exchanges of a server among them.
 #pragma once
 
 #include <deque>
@@ -7,12 +8,11 @@
 #include <utility>
 #include <vector>
 
+#include "exchanges/catalogue.h"
 #include "fakes.h"
+#include "platform/operation_error.h"
 #include "printing.h"
-#include "platform/settings.h"
-#include "tx/driven_exchanges.h"
-#include "tx/guests.h"
-#include "tx/wake_up.h"
+#include "server/initialisation.h"
 
 namespace vintrel::testing {
 
@@ -127,7 +127,7 @@ struct FakeTelephony : platform::TelephonyService {
         std::uint32_t replied_identifier = 50;
     };
 
-    FakeTelephony(FakeLoop& loop, platform::Settings& settings) : loop_(loop), settings_(settings) {}
+    explicit FakeTelephony(FakeLoop& loop) : loop_(loop) {}
 
     LineApplication Initialize(std::u16string_view application_name, EventHandler handler) override {
         ++started;
@@ -157,7 +157,7 @@ struct FakeTelephony : platform::TelephonyService {
         if (replies.empty()) return 0;
         const Reply reply = replies.front();
         replies.pop_front();
-        const auto record = [this, reply] { settings_.TapiLastReplyId = reply.replied_identifier; };
+        const auto record = [this, reply] { on_event(reply.replied_identifier, 0, -1); };
         if (reply.after == 0) record();
         if (reply.after > 0) loop_.Schedule(reply.after, record);
         return reply.identifier;
@@ -175,56 +175,46 @@ struct FakeTelephony : platform::TelephonyService {
 
  private:
     FakeLoop& loop_;
-    platform::Settings& settings_;
 };
 
-/// A server as far as orders go, with exchanges that are set up.
-struct OrderBench {
-    OrderBench() {
-        settings.DocumentsDir = u"C:\\docs";
-        settings.PbxHost = u"pbx.hotel";
-        settings.PbxPort = 8080;
-        settings.PbxUser = u"admin";
-        settings.PbxPassword = u"secret";
-        settings.GsBaseUrl = u"https://pbx.hotel:8089/pmsapi?token=ABC&format=xml&data=";
-        settings.IpOfficeHost = u"ipo.hotel";
-        settings.IpOfficePort = 8085;
-        settings.HotelEnabled = true;
-        settings.TapiReady = true;
-        settings.TapiLineApp = 7;
-        ini.values[{u"C:\\docs\\Vintrel.ini", u"USERS", u"204"}] = u" 0a1b2c ";
+struct FakeMd5 : platform::Md5 {
+    std::u16string HashBytes(std::span<const std::byte> bytes) override {
+        if (fails) throw platform::OperationError(0x8004C332, u"Failed", u"MD5Hash");
+        std::u16string shown = u"md5 of ";
+        for (const std::byte b : bytes) shown += static_cast<char16_t>(b);
+        return shown;
     }
-    std::uint64_t Elapsed() const { return clock.milliseconds - 1000; }
+    bool fails = false;
+};
 
-    // The four orders, as a host gives them: what they answer, in readable form.
-    std::string WakeUp(std::u16string type, const tx::WakeUpOrder& order) {
-        return Shown(tx::ComEventClockTX(type, order.room, order.time, order.date, order.mode, order.language, message,
-                                         clock, exchanges));
+struct TestServer {
+    TestServer() {
+        settings.DocumentsDir = u"D:\\Documenti \u00E8 \u6587";
+        files.contents[IniPath()] = {};
     }
-    std::string CheckIn(std::u16string type, std::u16string_view name, std::int16_t language = 0,
-                        std::int16_t change_name = 0, std::int32_t room = 204) {
-        return Shown(tx::ComEventCheckInTX(type, room, name, language, change_name, message, exchanges));
+
+    std::u16string CfgPath() const { return settings.DocumentsDir + u"\\Quindara.cfg"; }
+    std::u16string IniPath() const { return settings.DocumentsDir + u"\\Vintrel.ini"; }
+    std::u16string& Ini(std::u16string_view section, std::u16string_view key) {
+        return ini.values[{IniPath(), std::u16string(section), std::u16string(key)}];
     }
-    std::string CheckOut(std::u16string type, std::int16_t change_name = 0, std::int32_t room = 204) {
-        return Shown(tx::ComEventCheckOutTX(type, room, change_name, message, exchanges));
-    }
-    std::string UserName(std::u16string type, std::u16string_view given = u"Rossi", std::int32_t room = 204) {
-        text::InOutText name(given);
-        const std::u16string answer = tx::ComEventUserNameTX(type, room, name, message, exchanges);
-        caller_name = name.View();
-        return Shown(answer);
-    }
-    std::u16string caller_name;  ///< the caller's variable after the last UserName
+    std::int16_t Initialize(std::u16string code) { return server::InitializeServer(code, exchanges, message); }
+    std::uint64_t Elapsed() const { return clock.milliseconds - 1000; }
 
     FakeMessage message;
     FakeClock clock;
     FakeLoop loop{clock};
     platform::Settings settings;
+    FakeFiles files;
     FakeIni ini;
     FakeAnsi ansi;
+    FakeMd5 md5;
     FakeNetwork network{loop, clock};
-    FakeTelephony telephony{loop, settings};
-    tx::DrivenExchanges exchanges{loop, clock, settings, {network, network, telephony, ini, ansi}};
+    FakeTelephony telephony{loop};
+    exchanges::OrderGuard guard;
+    const exchanges::Surroundings surroundings{settings, guard, loop,    clock,   files,    ini,
+                                               ansi,     md5,   network, network, telephony};
+    const exchanges::Exchanges exchanges{surroundings};
 };
 
 }  // namespace vintrel::testing
