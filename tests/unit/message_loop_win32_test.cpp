@@ -9,6 +9,9 @@
 #include "win32/clock.h"
 
 namespace vintrel::win32 {
+
+using namespace platform;  // what these implement
+
 namespace {
 
 class HiddenWindow : public ::testing::Test {
