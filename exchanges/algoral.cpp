@@ -83,13 +83,13 @@ Outcome Algoral::ConvertCallRecord(InOutText& record, GdvRecord& gdv) {
     constexpr std::ptrdiff_t kUsefulEnd = 301;
     const char16_t* const begin = record.View().data();
     const char16_t* const end = begin + record.View().size();
-    const char16_t* const colon = FindFirst(begin, end, scan::Is{u':'});
+    const char16_t* const colon = FindFirst(begin, end, scan::Is(u':'));
     if (colon == end) return Outcome::Rejected;
     // A colon behind the useful part leaves nothing to cut, and the text is read as it stands.
     const bool cut = colon - begin <= kUsefulEnd;
     if (cut) {  // and without the blanks behind it, often a hundred
         const char16_t* const useful_end = std::min(end, begin + kUsefulEnd);
-        record.Narrow({colon, FindEndOf(colon, useful_end, scan::IsNot{kBlank})}, kTag);
+        record.Narrow({colon, FindEndOf(colon, useful_end, [](auto c) { return !(c == kBlank); })}, kTag);
     }
     // Columns count from the tag, in which nothing is read.
     constexpr std::ptrdiff_t kTagLength = std::ssize(kTag);

@@ -36,7 +36,7 @@ Outcome AvayaIntegral2::ConvertCallRecord(InOutText& record, GdvRecord& gdv) {
     const std::u16string_view text = record.View();
     if (text.size() < kEarliestEnd) return Outcome::Rejected;
     const char16_t* const end = text.data() + text.size();
-    const char16_t* const line_feed = FindFirst(text.data() + kEarliestEnd - 1, end, scan::Is{kLf});
+    const char16_t* const line_feed = FindFirst(text.data() + kEarliestEnd - 1, end, scan::Is(kLf));
     if (line_feed == end) return Outcome::Rejected;
     const std::u16string_view line(line_feed + 1 - kLineLength, line_feed + 1);
     record.Narrow(line);

@@ -19,7 +19,7 @@ class CommaFields {
         std::size_t count = 0;
         const char16_t* start = text.data();
         const char16_t* const end = start + text.size();
-        FindEach(start, end, scan::Is{u','}, [&](const char16_t* comma) {
+        FindEach(start, end, scan::Is(u','), [&](const char16_t* comma) {
             fields_[count++] = std::u16string_view(start, comma);
             start = comma + 1;
             return count < Count;

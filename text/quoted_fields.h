@@ -68,7 +68,7 @@ class QuotedFields {
         const char16_t* begin;
         const char16_t* end;
     };
-    static constexpr scan::Is kComma{u','};
+    static constexpr auto kComma = scan::Is(u',');
 
     static bool IsLineEnd(char16_t character) { return character == kCr || character == kLf; }
     static std::u16string_view WithoutLineEnds(std::u16string_view record) {

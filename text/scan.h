@@ -1,5 +1,8 @@
 // Searching a text many characters at a time: records of the network exchanges are long, and most of it is passed over.
+// Every processor that the server is built for has SSE2.
 #pragma once
+
+#include <emmintrin.h>
 
 #include <bit>
 #include <cstddef>
@@ -7,94 +10,55 @@
 #include <cstring>
 #include <optional>
 
-#if defined(__SSE2__)
-#include <emmintrin.h>
-#endif
-
 namespace vintrel::text {
 
-/// What is searched for: characters up to kLast. Sixteen at a time, they are marked (all bits set) in their places.
+// What is searched for is a question, written once for one character and for sixteen: [](auto c) { return c == u','; }.
+// It may name characters up to kLast. With `|` both sides are asked.
 namespace scan {
 
 inline constexpr char16_t kLast = 0x7E;
 
-#if defined(__SSE2__)
-using Sixteen = __m128i;
-inline constexpr std::ptrdiff_t kSixteen = 16;
+/// Sixteen characters; the answer to a question, sixteen marks.
+class Sixteen {
+ public:
+    static constexpr std::ptrdiff_t kCount = 16;
 
-/// Sixteen characters as a byte each; those beyond kLast stay beyond it.
-inline Sixteen Load(const char16_t* at) {
-    __m128i low;
-    __m128i high;
-    std::memcpy(&low, at, sizeof low);
-    std::memcpy(&high, at + 8, sizeof high);
-    return _mm_packs_epi16(low, high);
+    /// A byte each; characters beyond kLast stay beyond it.
+    explicit Sixteen(const char16_t* at) {
+        __m128i low;
+        __m128i high;
+        std::memcpy(&low, at, sizeof low);
+        std::memcpy(&high, at + kCount / 2, sizeof high);
+        bytes_ = _mm_packs_epi16(low, high);
+    }
+
+    friend Sixteen operator==(Sixteen a, char16_t b) { return Sixteen(_mm_cmpeq_epi8(a.bytes_, All(b))); }
+    friend Sixteen operator<=(Sixteen a, char16_t b) { return !Sixteen(_mm_subs_epu8(a.bytes_, All(b))); }
+    friend Sixteen operator|(Sixteen a, Sixteen b) { return Sixteen(_mm_or_si128(a.bytes_, b.bytes_)); }
+    friend Sixteen operator!(Sixteen a) { return Sixteen(_mm_cmpeq_epi8(a.bytes_, _mm_setzero_si128())); }
+
+    /// One bit for each mark, the first the lowest.
+    std::uint32_t Bits() const { return static_cast<std::uint32_t>(_mm_movemask_epi8(bytes_)); }
+
+ private:
+    explicit Sixteen(__m128i bytes) : bytes_(bytes) {}
+    static __m128i All(char16_t character) { return _mm_set1_epi8(static_cast<char>(character)); }
+
+    __m128i bytes_;
+};
+
+constexpr auto Is(char16_t character) {
+    return [character](auto c) { return c == character; };
 }
-inline Sixteen All(char16_t character) { return _mm_set1_epi8(static_cast<char>(character)); }
-/// One bit for each of the sixteen, the first the lowest.
-inline std::uint32_t Bits(Sixteen marks) { return static_cast<std::uint32_t>(_mm_movemask_epi8(marks)); }
-#endif
-
-struct Is {
-    char16_t character;
-    bool operator()(char16_t c) const { return c == character; }
-#if defined(__SSE2__)
-    Sixteen operator()(Sixteen sixteen) const { return _mm_cmpeq_epi8(sixteen, All(character)); }
-#endif
-};
-
-struct IsNot {
-    char16_t character;
-    bool operator()(char16_t c) const { return c != character; }
-#if defined(__SSE2__)
-    Sixteen operator()(Sixteen sixteen) const { return _mm_cmpeq_epi8(Is{character}(sixteen), _mm_setzero_si128()); }
-#endif
-};
-
-struct IsEither {
-    char16_t one;
-    char16_t other;
-    bool operator()(char16_t c) const { return c == one || c == other; }
-#if defined(__SSE2__)
-    Sixteen operator()(Sixteen sixteen) const { return _mm_or_si128(Is{one}(sixteen), Is{other}(sixteen)); }
-#endif
-};
-
-struct IsNeither {
-    char16_t one;
-    char16_t other;
-    bool operator()(char16_t c) const { return c != one && c != other; }
-#if defined(__SSE2__)
-    Sixteen operator()(Sixteen sixteen) const {
-        return _mm_cmpeq_epi8(IsEither{one, other}(sixteen), _mm_setzero_si128());
-    }
-#endif
-};
-
-/// At most `limit`, or `other`.
-struct IsAtMostOr {
-    char16_t limit;
-    char16_t other;
-    bool operator()(char16_t c) const { return c <= limit || c == other; }
-#if defined(__SSE2__)
-    Sixteen operator()(Sixteen sixteen) const {
-        return _mm_or_si128(_mm_cmpeq_epi8(_mm_subs_epu8(sixteen, All(limit)), _mm_setzero_si128()),
-                            Is{other}(sixteen));
-    }
-#endif
-};
+constexpr auto IsEither(char16_t one, char16_t other) {
+    return [one, other](auto c) { return (c == one) | (c == other); };
+}
 
 /// One bit for each of 32 characters, the first the lowest: whether `what` it is.
 inline constexpr std::ptrdiff_t kPiece = 32;
 template <typename What>
 [[gnu::always_inline]] inline std::uint32_t PieceBits(const char16_t* at, What what) {
-#if defined(__SSE2__)
-    return Bits(what(Load(at))) | Bits(what(Load(at + kSixteen))) << kSixteen;
-#else
-    std::uint32_t bits = 0;
-    for (std::ptrdiff_t i = 0; i < kPiece; ++i) bits |= std::uint32_t{what(at[i])} << i;
-    return bits;
-#endif
+    return what(Sixteen(at)).Bits() | what(Sixteen(at + Sixteen::kCount)).Bits() << Sixteen::kCount;
 }
 
 /// The same for fewer characters, the last `left` of a text. Not inline: the loop around it has no register to spare.
@@ -102,13 +66,12 @@ template <typename What>
 [[gnu::noinline]] std::uint32_t LastBits(const char16_t* begin, const char16_t* end, std::ptrdiff_t left, What what) {
     if (end - begin >= kPiece) return PieceBits(end - kPiece, what) >> (kPiece - left);
     std::uint32_t bits = 0;
-    for (std::ptrdiff_t i = 0; i < left; ++i) bits |= std::uint32_t{what(begin[i])} << i;
+    for (std::ptrdiff_t i = 0; i < left; ++i) bits |= (what(begin[i]) ? 1U : 0U) << i;
     return bits;
 }
 
 /// The number that eight characters form; nothing when one of them is no digit.
 inline std::optional<std::uint32_t> EightDigits(const char16_t* at) {
-#if defined(__SSE2__)
     __m128i digits;
     std::memcpy(&digits, at, sizeof digits);
     digits = _mm_xor_si128(digits, _mm_set1_epi16('0'));  // a digit leaves its value, all else more than 9
@@ -119,14 +82,6 @@ inline std::optional<std::uint32_t> EightDigits(const char16_t* at) {
     const int front = _mm_cvtsi128_si32(fours);
     const int back = _mm_cvtsi128_si32(_mm_srli_epi64(fours, 32));
     return static_cast<std::uint32_t>(front * 10'000 + back);
-#else
-    std::uint32_t number = 0;
-    for (std::size_t i = 0; i < 8; ++i) {
-        if (at[i] < u'0' || at[i] > u'9') return std::nullopt;
-        number = number * 10 + (at[i] - u'0');
-    }
-    return number;
-#endif
 }
 
 }  // namespace scan
@@ -134,17 +89,16 @@ inline std::optional<std::uint32_t> EightDigits(const char16_t* at) {
 /// The first character in [at, end) that `what` is, else `end`.
 template <typename What>
 const char16_t* FindFirst(const char16_t* at, const char16_t* end, What what) {
-#if defined(__SSE2__)
-    if (end - at >= scan::kSixteen) {
-        for (; end - at > scan::kSixteen; at += scan::kSixteen) {
-            const std::uint32_t bits = scan::Bits(what(scan::Load(at)));
+    constexpr std::ptrdiff_t kCount = scan::Sixteen::kCount;
+    if (end - at >= kCount) {
+        for (; end - at > kCount; at += kCount) {
+            const std::uint32_t bits = what(scan::Sixteen(at)).Bits();
             if (bits != 0) return at + std::countr_zero(bits);
         }
-        at = end - scan::kSixteen;  // once more over some of what has been passed
-        const std::uint32_t bits = scan::Bits(what(scan::Load(at)));
+        at = end - kCount;  // once more over some of what has been passed
+        const std::uint32_t bits = what(scan::Sixteen(at)).Bits();
         return bits != 0 ? at + std::countr_zero(bits) : end;
     }
-#endif
     while (at != end && !what(*at)) ++at;
     return at;
 }
@@ -152,12 +106,11 @@ const char16_t* FindFirst(const char16_t* at, const char16_t* end, What what) {
 /// Behind the last character in [begin, end) that `what` is, else `begin`.
 template <typename What>
 const char16_t* FindEndOf(const char16_t* begin, const char16_t* end, What what) {
-#if defined(__SSE2__)
-    for (; end - begin >= scan::kSixteen; end -= scan::kSixteen) {
-        const std::uint32_t bits = scan::Bits(what(scan::Load(end - scan::kSixteen)));
-        if (bits != 0) return end - scan::kSixteen + std::bit_width(bits);
+    constexpr std::ptrdiff_t kCount = scan::Sixteen::kCount;
+    for (; end - begin >= kCount; end -= kCount) {
+        const std::uint32_t bits = what(scan::Sixteen(end - kCount)).Bits();
+        if (bits != 0) return end - kCount + std::bit_width(bits);
     }
-#endif
     while (end != begin && !what(end[-1])) --end;
     return end;
 }

@@ -33,7 +33,7 @@ std::u16string_view Right(std::u16string_view text, std::ptrdiff_t count) {
 
 std::u16string_view Trim(std::u16string_view text, char16_t blank) {
     const char16_t* end = text.data() + text.size();
-    const char16_t* const first = FindFirst(text.data(), end, scan::IsNeither{kBlank, blank});
+    const char16_t* const first = FindFirst(text.data(), end, [blank](auto c) { return !((c == kBlank) | (c == blank)); });
     while (end != first && (end[-1] == kBlank || end[-1] == blank)) --end;
     return {first, end};
 }
@@ -65,7 +65,7 @@ std::size_t Find(std::u16string_view text, std::u16string_view part, std::size_t
     if (part.empty() || from > text.size() || part.front() > scan::kLast) return text.find(part, from);
     const char16_t* at = text.data() + from;
     const char16_t* const end = text.data() + text.size();
-    for (; (at = FindFirst(at, end, scan::Is{part.front()})) != end; ++at)
+    for (; (at = FindFirst(at, end, scan::Is(part.front()))) != end; ++at)
         if (std::u16string_view(at, end).starts_with(part)) return static_cast<std::size_t>(at - text.data());
     return std::u16string_view::npos;
 }

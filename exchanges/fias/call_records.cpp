@@ -51,7 +51,7 @@ Posting::Posting(std::u16string_view record) {
         const bool first = field != nullptr && *field && (*field)->data() == kMissing.data();
         if (first) *field = at == end ? Value() : std::u16string_view(bar + 3, at);
     };
-    FindEach(record.data(), end, scan::Is{u'|'}, [&](const char16_t* at) {
+    FindEach(record.data(), end, scan::Is(u'|'), [&](const char16_t* at) {
         if (at - record.data() >= 2 && at[-2] == u'L' && (at[-1] == u'D' || at[-1] == u'R')) describes_link = true;
         close_at(at);
         bar = at;

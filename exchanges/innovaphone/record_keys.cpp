@@ -14,6 +14,9 @@ using Key = RecordKey;
 
 constexpr std::u16string_view kEndOfLog = u"</cdr>";
 
+/// Every place that may end a value or begin a key, and more: what lies below "&" is told apart afterwards.
+constexpr auto kMark = [](auto c) { return (c <= u'&') | (c == kEndOfLog.front()); };
+
 bool BeginsKey(char16_t character) { return character == u'&' || character == text::kBlank; }
 bool EndsLine(char16_t character) { return character == text::kCr || character == text::kLf; }
 
@@ -90,7 +93,7 @@ RecordKeys::RecordKeys(std::u16string_view record) {
     const auto close_at = [&](const char16_t* at) {
         if (pair != nullptr) Keep(values_.data(), pair, at);
     };
-    text::FindEach(record.data(), end, text::scan::IsAtMostOr{u'&', kEndOfLog.front()}, [&](const char16_t* at) {
+    text::FindEach(record.data(), end, kMark, [&](const char16_t* at) {
         if (BeginsKey(*at)) {
             close_at(at);
             pair = at + 1;

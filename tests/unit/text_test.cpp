@@ -121,13 +121,13 @@ TEST(Scan, FindsAtEveryPositionAndLength) {
                 text.replace(at, std::u16string::npos, length - at, u'&');
                 const char16_t* const begin = text.data();
                 const char16_t* const end = begin + length;
-                EXPECT_EQ(FindFirst(begin, end, scan::Is{u'&'}), begin + at) << length;
-                EXPECT_EQ(FindFirst(begin, end, scan::IsEither{u'&', u'-'}), begin + at) << length;
-                EXPECT_EQ(FindFirst(begin, end, scan::IsNeither{u'z', u'-'}), other == u'z' ? begin + at : begin);
-                EXPECT_EQ(FindEndOf(begin, begin + length, scan::IsNot{u'&'}), begin + at) << length;
+                EXPECT_EQ(FindFirst(begin, end, scan::Is(u'&')), begin + at) << length;
+                EXPECT_EQ(FindFirst(begin, end, scan::IsEither(u'&', u'-')), begin + at) << length;
+                EXPECT_EQ(FindFirst(begin, end, [](auto c) { return !((c == u'z') | (c == u'-')); }), other == u'z' ? begin + at : begin);
+                EXPECT_EQ(FindEndOf(begin, begin + length, [](auto c) { return !(c == u'&'); }), begin + at) << length;
                 std::size_t found = at;
                 const auto next = [&](const char16_t* place) { return place == begin + found++; };
-                FindEach(begin, end, scan::IsAtMostOr{u'%', u'&'}, next);
+                FindEach(begin, end, [](auto c) { return (c <= u'%') | (c == u'&'); }, next);
                 EXPECT_EQ(found, length) << at;
             }
         }
