@@ -67,6 +67,22 @@ int ReadExponent(NumberReader& reader) {
     return negative ? -exponent : exponent;
 }
 
+/// The number times a power of ten; 0 when it is too large. Multiplied and divided by powers that a double holds exactly,
+/// as long as there are any: 0.1 is 1 / 10.
+double Scaled(double number, int exponent) {
+    constexpr int kExact = 22;
+    constexpr std::array<double, kExact + 1> kPowers{1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
+                                                     1e8,  1e9,  1e10, 1e11, 1e12, 1e13, 1e14, 1e15,
+                                                     1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
+    while (exponent != 0 && number != 0 && std::isfinite(number)) {
+        const int step = std::clamp(exponent, -kExact, kExact);
+        const double power = kPowers[static_cast<std::size_t>(std::abs(step))];
+        number = step < 0 ? number / power : number * power;
+        exponent -= step;
+    }
+    return std::isfinite(number) ? number : 0;
+}
+
 double ReadDecimal(NumberReader& reader) {
     double mantissa = 0;
     int scale = 0;
@@ -82,21 +98,95 @@ double ReadDecimal(NumberReader& reader) {
             break;
         }
     }
-    scale += ReadExponent(reader);
-    // Dividing by a power of ten is exact where multiplying by its inverse is not: 0.1 is 1 / 10.
-    const double value = scale < 0 ? mantissa / std::pow(10.0, -scale) : mantissa * std::pow(10.0, scale);
-    return std::isfinite(value) ? value : 0;
+    return Scaled(mantissa, scale + ReadExponent(reader));
 }
 
-std::u16string IntegerText(double magnitude) {
-    std::array<char16_t, 24> digits{};
-    auto first = digits.end();
-    auto rest = static_cast<std::uint64_t>(magnitude);
+/// Every decimal digit of a positive number: a whole number, and how many of its digits stand behind the decimal mark.
+class Decimal {
+ public:
+    explicit Decimal(double number) {
+        int exponent = 0;
+        auto mantissa = static_cast<std::uint64_t>(std::ldexp(std::frexp(number, &exponent), kMantissaBits));
+        exponent -= kMantissaBits;
+        for (; mantissa != 0; mantissa /= kBase) words_.at(count_++) = static_cast<std::uint32_t>(mantissa % kBase);
+        for (; exponent > 0; --exponent) Multiply(2);
+        for (; exponent < 0; ++exponent, ++behind_mark_) Multiply(5);  // a half is five tenths
+    }
+
+    /// The digits without leading zeros.
+    std::u16string Digits() const {
+        std::u16string digits;
+        for (std::size_t i = count_; i-- > 0;)
+            for (std::uint32_t place = kBase / 10; place != 0; place /= 10)
+                if (const std::uint32_t digit = words_[i] / place % 10; digit != 0 || !digits.empty())
+                    digits += static_cast<char16_t>(u'0' + digit);
+        return digits;
+    }
+    int BehindMark() const { return behind_mark_; }
+
+ private:
+    static constexpr int kMantissaBits = 53;
+    static constexpr std::uint32_t kBase = 1'000'000'000;
+    static constexpr std::size_t kWords = 88;  // for the 767 digits of the longest double
+
+    void Multiply(std::uint32_t factor) {
+        std::uint64_t carry = 0;
+        for (std::size_t i = 0; i < count_; ++i, carry /= kBase) {
+            carry += std::uint64_t{words_[i]} * factor;
+            words_[i] = static_cast<std::uint32_t>(carry % kBase);
+        }
+        if (carry != 0) words_.at(count_++) = static_cast<std::uint32_t>(carry);
+    }
+
+    std::array<std::uint32_t, kWords> words_{};  // the lowest first
+    std::size_t count_ = 0;
+    int behind_mark_ = 0;
+};
+
+/// Rounded to so many digits, half up; one digit more where 9 becomes 10.
+std::u16string Rounded(std::u16string digits, std::size_t count) {
+    if (digits.size() <= count) return digits;
+    const bool up = digits[count] >= u'5';
+    digits.resize(count);
+    if (!up) return digits;
+    const std::size_t last = digits.find_last_not_of(u'9');
+    if (last == std::u16string::npos) return u"1" + std::u16string(count, u'0');
+    ++digits[last];
+    std::fill(digits.begin() + static_cast<std::ptrdiff_t>(last) + 1, digits.end(), u'0');
+    return digits;
+}
+
+/// The fewest digits that are read as the number again, at most 15, and the exponent of the first of them.
+struct Shortest {
+    explicit Shortest(double magnitude) {
+        constexpr std::size_t kMost = 15;  // what a double holds for certain
+        const Decimal decimal(magnitude);
+        const std::u16string all = decimal.Digits();
+        for (std::size_t count = 1;; ++count) {
+            digits = Rounded(all, count);
+            exponent = static_cast<int>(all.size()) - decimal.BehindMark() - 1 + (digits.size() > count ? 1 : 0);
+            digits.resize(std::min(count, digits.size()));
+            if (count == kMost || count >= all.size() || Read() == magnitude) break;
+        }
+        digits.erase(digits.find_last_not_of(u'0') + 1);
+    }
+    double Read() const {
+        double mantissa = 0;
+        for (const char16_t digit : digits) mantissa = mantissa * 10 + (digit - u'0');
+        return Scaled(mantissa, exponent + 1 - static_cast<int>(digits.size()));
+    }
+
+    std::u16string digits;
+    int exponent = 0;
+};
+
+std::u16string IntegerText(std::uint32_t number) {
+    std::u16string text;
     do {
-        *--first = static_cast<char16_t>(u'0' + rest % 10);
-        rest /= 10;
-    } while (rest != 0);
-    return {first, digits.end()};
+        text.insert(text.begin(), static_cast<char16_t>(u'0' + number % 10));
+        number /= 10;
+    } while (number != 0);
+    return text;
 }
 
 }  // namespace
@@ -156,35 +246,25 @@ std::optional<std::int32_t> RoundToInt32(double value) {
 }
 
 std::u16string DecimalText(double value) {
-    constexpr int kDigits = 15;  // what a double holds for certain
-    constexpr double kPlain = 1e15;
+    constexpr int kPlainDigits = 15;
+    if (const auto whole = RoundToInt32(value); whole && *whole == value) return DecimalText(*whole);
     const std::u16string sign = value < 0 ? u"-" : u"";
-    const double magnitude = std::fabs(value);
-    if (magnitude < kPlain && magnitude == std::floor(magnitude)) return sign + IntegerText(magnitude);
-
-    const int exponent = static_cast<int>(std::floor(std::log10(magnitude)));
-    const bool scientific = magnitude >= kPlain || exponent < -4;
-    const double shown = scientific ? magnitude / std::pow(10.0, exponent) : magnitude;
-    const int whole_digits = scientific ? 1 : std::max(1, exponent + 1);
-    double scale = 1;
-    int decimals = 0;
-    while (decimals < kDigits - whole_digits && std::round(shown * scale) / scale != shown) {
-        scale *= 10;
-        ++decimals;
+    auto [digits, exponent] = Shortest(std::fabs(value));
+    if (exponent >= kPlainDigits || exponent < -4) {
+        if (digits.size() > 1) digits.insert(1, 1, u'.');
+        return sign + digits + (exponent < 0 ? u"E-" : u"E+") +
+               IntegerText(static_cast<std::uint32_t>(std::abs(exponent)));
     }
-    std::u16string text = IntegerText(std::round(shown * scale));
-    if (decimals > 0) {
-        const auto width = static_cast<std::size_t>(decimals) + 1;
-        if (text.size() < width) text.insert(0, width - text.size(), u'0');
-        text.insert(text.size() - static_cast<std::size_t>(decimals), 1, u'.');
-    }
-    if (scientific) text += (exponent < 0 ? u"E-" : u"E+") + IntegerText(std::abs(exponent));
-    return sign + text;
+    if (exponent < 0) digits.insert(0, static_cast<std::size_t>(-exponent), u'0');
+    const auto whole_digits = static_cast<std::size_t>(std::max(exponent, 0)) + 1;
+    if (digits.size() < whole_digits) digits.append(whole_digits - digits.size(), u'0');
+    if (digits.size() > whole_digits) digits.insert(whole_digits, 1, u'.');
+    return sign + digits;
 }
 
 std::u16string DecimalText(std::int32_t value) {
-    const std::u16string digits = IntegerText(std::fabs(static_cast<double>(value)));
-    return value < 0 ? u'-' + digits : digits;
+    const std::uint32_t magnitude = value < 0 ? 0U - static_cast<std::uint32_t>(value) : static_cast<std::uint32_t>(value);
+    return (value < 0 ? u"-" : u"") + IntegerText(magnitude);
 }
 
 std::u16string TwoDigits(int value) {
