@@ -22,7 +22,7 @@ constexpr bool IsExtension(std::u16string_view party) {
 /// The first of the parties that is an extension, else `otherwise`.
 std::u16string_view FirstExtension(std::initializer_list<std::u16string_view> parties, std::u16string_view otherwise);
 
-/// The value of a text of digits; 0 for any other text and for numbers that no clock or counter reaches.
+/// The number value of a text; 0 when that is not whole, or larger than any clock or counter reaches.
 std::int64_t WholeNumber(std::u16string_view text);
 
 /// The party's first 16 characters, blank-padded.

@@ -67,8 +67,8 @@ int ReadExponent(NumberReader& reader) {
     return negative ? -exponent : exponent;
 }
 
-/// The number times a power of ten; 0 when it is too large. Multiplied and divided by powers that a double holds exactly,
-/// as long as there are any: 0.1 is 1 / 10.
+/// The number times a power of ten; 0 when it is too large. Multiplied and divided by powers that a double holds
+/// exactly, as long as there are any: 0.1 is 1 / 10.
 double Scaled(double number, int exponent) {
     constexpr int kExact = 22;
     constexpr std::array<double, kExact + 1> kPowers{1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
@@ -263,7 +263,8 @@ std::u16string DecimalText(double value) {
 }
 
 std::u16string DecimalText(std::int32_t value) {
-    const std::uint32_t magnitude = value < 0 ? 0U - static_cast<std::uint32_t>(value) : static_cast<std::uint32_t>(value);
+    const std::uint32_t magnitude =
+        value < 0 ? 0U - static_cast<std::uint32_t>(value) : static_cast<std::uint32_t>(value);
     return (value < 0 ? u"-" : u"") + IntegerText(magnitude);
 }
 

@@ -33,7 +33,8 @@ std::u16string_view Right(std::u16string_view text, std::ptrdiff_t count) {
 
 std::u16string_view Trim(std::u16string_view text, char16_t blank) {
     const char16_t* end = text.data() + text.size();
-    const char16_t* const first = FindFirst(text.data(), end, [blank](auto c) { return !((c == kBlank) | (c == blank)); });
+    const char16_t* const first =
+        FindFirst(text.data(), end, [blank](auto c) { return !((c == kBlank) | (c == blank)); });
     while (end != first && (end[-1] == kBlank || end[-1] == blank)) --end;
     return {first, end};
 }

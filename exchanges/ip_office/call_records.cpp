@@ -128,7 +128,7 @@ Outcome IpOffice::ConvertCallRecord(InOutText& record, GdvRecord& gdv) {
     if (leg.continued) {  // after the shift: a leg is moved by the legs before it only
         const auto call = CallOf(leg);
         const auto seconds = SecondsConnected(leg);
-        if (call && seconds) continuation_.Add(*call, *seconds);
+        if (call && seconds && *seconds != 0) continuation_.Add(*call, *seconds);
     }
 
     AssignZeroPadded<kUserCode>(gdv, leg.account);

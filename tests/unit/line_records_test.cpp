@@ -379,6 +379,16 @@ TEST(IpOfficeRecord, OnlyAnIdentifierInRangeTakesPartInContinuation) {
     }
 }
 
+TEST(IpOfficeRecord, LegsWithoutDurationKeepNoOpenCallFromGoingOn) {
+    Link link(u"TYPE10017");
+    link.Raw(Leg{.call = u"7", .continued = u"1"}.Line());
+    for (std::int32_t call = 100; call < 100 + static_cast<std::int32_t>(ContinuationTable::kOpenCalls); ++call) {
+        const std::u16string number = DecimalText(call);
+        link.Raw(Leg{.connected = u"00:00:00", .call = number.c_str(), .continued = u"1"}.Line());
+    }
+    EXPECT_EQ(link.Raw(Leg{.call = u"7"}.Line()).at(33), u'2');
+}
+
 TEST(IpOfficeRecord, ValuesThatDoNotFitMakeTheRecordShorter) {
     const std::pair<Leg, std::size_t> rows[] = {{{.first = u"E123456"}, 82},
                                                 {{.caller = u"12345678901234567"}, 71},
