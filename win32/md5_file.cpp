@@ -18,7 +18,7 @@ std::u16string MD5Hash::HashFile(std::u16string_view path) {
         throw platform::OperationError(kNoFile, u"File doesn't exist", u"MD5Hash.HashFile");
 
     const Handle file(CreateFileW(wide_path.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
-                                          OPEN_EXISTING, FILE_FLAG_SEQUENTIAL_SCAN, nullptr));
+                                  OPEN_EXISTING, FILE_FLAG_SEQUENTIAL_SCAN, nullptr));
     LARGE_INTEGER size{};
     bool readable = file.IsOpen() && GetFileSizeEx(file.Get(), &size) != FALSE;
     std::vector<std::byte> block(kBlock);
