@@ -62,16 +62,16 @@ constexpr TransferRule kQuick{.milliseconds = 4000, .minutes = 2, .duration = 3}
 
 // clang-format off
 constexpr Model kModels[] = {
-    //                                                                                                                            trans-   raw
-    // code        name                                            is        services  link       login     framing   pacing      fer     length
-    {u"TYPE10004", u"Mitel - I4 - 2030/2050/2060 (PC4)",           kI4,      kOrders,  kSerial,   kNoLogin, kPc4,     kWaitI4,   kSlow,    70},
-    {u"TYPE10005", u"Mitel - Ascotel 200 (PC4)",                   kPrinter, kRecords, kSerial,   kNoLogin, kAscotel, kNever,    kSlow,     0},
-    {u"TYPE10006", u"Mitel - I5 - 2025/2045/2065 (PC4)",           kI5,      kOrders,  kSerial,   kI3Mode,  kPc4,     kWaitI5,   kSlow,    70},
-    {u"TYPE10008", u"Mitel - I6/I7 - 2025/2045/2065 (PC4)",        kHotel,   kAll,     kSerial,   kNoLogin, kPc4,     kWaitI4,   kSlow,    70},
-    {u"TYPE10011", u"Mitel - IntelliGate TCP/IP (PC4)",            kOthers,  kAlarms,  kTcp,      kNoLogin, kSilent,  kUnasked,  kQuick,   70},
-    {u"TYPE10014", u"Mitel - IntelliGate 7.9 TCP/IP Hotel (PC4)",  kHotel,   kAll,     kHotelTcp, kTelnet,  kPc4,     kWaitTcp,  kQuick,   70},
-    {u"TYPE10015", u"Mitel - 400 TCP/IP (PC4)",                    kOthers,  kAlarms,  kTcp,      kNoLogin, kSilent,  kUnasked,  kQuick,   70},
-    {u"TYPE10016", u"Mitel - 400 TCP/IP (PC4) V1-V2 Hotel",        kHotel,   kAll,     kHotelTcp, kTelnet,  kPc4,     kWaitTcp,  kQuick,   70},
+    //                                                                                                                       trans-     raw
+    // code        name                                            is        services  link       login     framing   pacing    fer     length
+    {u"TYPE10004", u"Mitel - I4 - 2030/2050/2060 (PC4)",           kI4,      kOrders,  kSerial,   kNoLogin, kPc4,     kWaitI4,  kSlow,    70},
+    {u"TYPE10005", u"Mitel - Ascotel 200 (PC4)",                   kPrinter, kRecords, kSerial,   kNoLogin, kAscotel, kNever,   kSlow,     0},
+    {u"TYPE10006", u"Mitel - I5 - 2025/2045/2065 (PC4)",           kI5,      kOrders,  kSerial,   kI3Mode,  kPc4,     kWaitI5,  kSlow,    70},
+    {u"TYPE10008", u"Mitel - I6/I7 - 2025/2045/2065 (PC4)",        kHotel,   kAll,     kSerial,   kNoLogin, kPc4,     kWaitI4,  kSlow,    70},
+    {u"TYPE10011", u"Mitel - IntelliGate TCP/IP (PC4)",            kOthers,  kAlarms,  kTcp,      kNoLogin, kSilent,  kUnasked, kQuick,   70},
+    {u"TYPE10014", u"Mitel - IntelliGate 7.9 TCP/IP Hotel (PC4)",  kHotel,   kAll,     kHotelTcp, kTelnet,  kPc4,     kWaitTcp, kQuick,   70},
+    {u"TYPE10015", u"Mitel - 400 TCP/IP (PC4)",                    kOthers,  kAlarms,  kTcp,      kNoLogin, kSilent,  kUnasked, kQuick,   70},
+    {u"TYPE10016", u"Mitel - 400 TCP/IP (PC4) V1-V2 Hotel",        kHotel,   kAll,     kHotelTcp, kTelnet,  kPc4,     kWaitTcp, kQuick,   70},
 };
 // clang-format on
 
