@@ -65,7 +65,7 @@ endforeach()
 target_compile_options(vintrel_core PRIVATE $<${release}:-fno-rtti>)
 file(GLOB fast_sources CONFIGURE_DEPENDS records/*.cpp exchanges/*/call_records.cpp)
 list(APPEND fast_sources text/text.cpp text/dates.cpp server/call_records.cpp server/type_code.cpp
-  exchanges/alcatel.cpp exchanges/algoral.cpp exchanges/avaya_integral2.cpp exchanges/catalogue.cpp exchanges/wildix.cpp
+  exchanges/alcatel.cpp exchanges/algoral.cpp exchanges/avaya_integral2.cpp exchanges/wildix.cpp
   exchanges/innovaphone/record_keys.cpp exchanges/innovaphone/reference_table.cpp
   exchanges/ip_office/continuation_table.cpp com/com_events_rx.cpp com/strings.cpp)
 set_property(SOURCE ${fast_sources} APPEND PROPERTY COMPILE_OPTIONS "$<$<CONFIG:Release>:-O2;-falign-loops=32>")

@@ -2,8 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <cstdint>
-#include <cstring>
 
 // The families, one line each: the room that ends in `Models`, its table.
 #define VINTREL_FAMILIES(FAMILY) \
@@ -30,51 +28,30 @@ VINTREL_FAMILIES(VINTREL_DECLARE)
 
 namespace {
 
-constexpr std::size_t kCodeLength = 9;
-constexpr std::size_t kEndings = 100;
-constexpr std::uint8_t kNone = 0xFF;
-
-/// The number that the last two characters of a code form; of characters that are no digits, any number.
-constexpr unsigned Ending(std::u16string_view code) {
-    return (code[kCodeLength - 2] - unsigned{u'0'}) * 10 + (code[kCodeLength - 1] - unsigned{u'0'});
-}
-
 class Catalogue {
  public:
     Catalogue() {
 #define VINTREL_ADD(family) Add(family::Models());
         VINTREL_FAMILIES(VINTREL_ADD)
 #undef VINTREL_ADD
-        by_ending_.fill(kNone);
-        for (std::size_t place = 0; place < count_; ++place)
-            by_ending_.at(Ending(models_[place]->code)) = static_cast<std::uint8_t>(place);
     }
 
-    std::span<const Model* const> Models() const { return {models_.data(), count_}; }
-
-    /// No two codes have the same ending, so one comparison decides.
-    std::optional<std::size_t> FindPlace(std::u16string_view code) const {
-        if (code.size() != kCodeLength) return std::nullopt;
-        const unsigned ending = Ending(code);
-        if (ending >= kEndings || by_ending_[ending] == kNone) return std::nullopt;
-        const std::size_t place = by_ending_[ending];
-        const bool equal = std::memcmp(models_[place]->code.data(), code.data(), kCodeLength * sizeof(char16_t)) == 0;
-        return equal ? std::optional(place) : std::nullopt;
-    }
+    std::span<const Model* const> InOrder() const { return {models_.data(), count_}; }
+    const ByCode<const Model>& Codes() const { return by_code_; }
 
  private:
-    /// Keeps the list in order.
     void Add(std::span<const Model> family) {
         for (const Model& model : family) {
+            by_code_.Add(model.code, &model);
             std::size_t place = count_++;
             for (; place > 0 && models_[place - 1]->code > model.code; --place) models_[place] = models_[place - 1];
             models_.at(place) = &model;
         }
     }
 
-    std::array<const Model*, kEndings> models_{};  // as many as there are endings
+    ByCode<const Model> by_code_;
+    std::array<const Model*, ByCode<const Model>::kEndings> models_{};  // by their codes
     std::size_t count_ = 0;
-    std::array<std::uint8_t, kEndings> by_ending_{};
 };
 
 const Catalogue& TheCatalogue() {
@@ -84,23 +61,15 @@ const Catalogue& TheCatalogue() {
 
 }  // namespace
 
-std::span<const Model* const> Models() { return TheCatalogue().Models(); }
+std::span<const Model* const> Models() { return TheCatalogue().InOrder(); }
 
-std::optional<std::size_t> FindPlace(std::u16string_view code) { return TheCatalogue().FindPlace(code); }
-
-const Model* FindModel(std::u16string_view code) {
-    const std::optional<std::size_t> place = FindPlace(code);
-    return place ? Models()[*place] : nullptr;
-}
+const Model* FindModel(std::u16string_view code) { return TheCatalogue().Codes().Find(code); }
 
 Exchanges::Exchanges(const Surroundings& surroundings) {
-    exchanges_.reserve(Models().size());
-    for (const Model* model : Models()) exchanges_.push_back(model->make(*model, surroundings));
-}
-
-Exchange* Exchanges::Find(std::u16string_view code) const {
-    const std::optional<std::size_t> place = FindPlace(code);
-    return place ? exchanges_[*place].get() : nullptr;
+    for (const Model* model : Models()) {
+        exchanges_.push_back(model->make(*model, surroundings));
+        by_code_.Add(model->code, exchanges_.back().get());
+    }
 }
 
 bool Exchanges::InUse() const {

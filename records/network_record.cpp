@@ -20,34 +20,32 @@ std::u16string_view FirstExtension(std::initializer_list<std::u16string_view> pa
 
 namespace {
 
-/// Of 1 to 18 digits, what 64 bits hold for certain; nothing for any other text.
-std::optional<std::int64_t> PlainWholeNumber(std::u16string_view text) {
-    constexpr std::size_t kLongest = 18;
-    constexpr std::size_t kEight = 8;
-    if (text.empty() || text.size() > kLongest) return std::nullopt;
-    const char16_t* at = text.data();
-    std::uint32_t front = 0;
-    for (std::size_t left = text.size() % kEight; left != 0; --left, ++at) {
-        if (!text::IsDigit(*at)) return std::nullopt;
-        front = front * 10 + (*at - u'0');
-    }
-    std::int64_t number = front;
-    for (const char16_t* const end = text.data() + text.size(); at != end; at += kEight) {
-        const std::optional<std::uint32_t> eight = text::scan::EightDigits(at);
-        if (!eight) return std::nullopt;
-        number = number * 100'000'000 + *eight;
-    }
-    return number;
+/// Of a text that is no plain run of digits.
+[[gnu::noinline, gnu::cold]] std::int64_t WholeNumberValue(std::u16string_view text) {
+    constexpr double kBeyond = 1e18;
+    const double number = text::NumberValue(text);
+    return std::fabs(number) < kBeyond && std::floor(number) == number ? static_cast<std::int64_t>(number) : 0;
 }
 
 }  // namespace
 
 std::int64_t WholeNumber(std::u16string_view text) {
-    if (const auto plain = PlainWholeNumber(text)) [[likely]]
-        return *plain;
-    constexpr double kBeyond = 1e18;
-    const double number = text::NumberValue(text);
-    return std::fabs(number) < kBeyond && std::floor(number) == number ? static_cast<std::int64_t>(number) : 0;
+    constexpr std::size_t kLongest = 18;  // what 64 bits hold for certain
+    constexpr std::size_t kEight = 8;
+    if (text.empty() || text.size() > kLongest) return WholeNumberValue(text);
+    const char16_t* at = text.data();
+    std::uint32_t front = 0;
+    for (std::size_t left = text.size() % kEight; left != 0; --left, ++at) {
+        if (!text::IsDigit(*at)) return WholeNumberValue(text);
+        front = front * 10 + (*at - u'0');
+    }
+    std::int64_t number = front;
+    for (const char16_t* const end = text.data() + text.size(); at != end; at += kEight) {
+        const std::optional<std::uint32_t> eight = text::scan::EightDigits(at);
+        if (!eight) return WholeNumberValue(text);
+        number = number * 100'000'000 + *eight;
+    }
+    return number;
 }
 
 void AssignSeconds(GdvRecord& gdv, std::int64_t seconds) {

@@ -50,9 +50,6 @@ class Sixteen {
 constexpr auto Is(char16_t character) {
     return [character](auto c) { return c == character; };
 }
-constexpr auto IsEither(char16_t one, char16_t other) {
-    return [one, other](auto c) { return (c == one) | (c == other); };
-}
 
 /// One bit for each of 32 characters, the first the lowest: whether `what` it is.
 inline constexpr std::ptrdiff_t kPiece = 32;
@@ -102,6 +99,9 @@ const char16_t* FindFirst(const char16_t* at, const char16_t* end, What what) {
     while (at != end && !what(*at)) ++at;
     return at;
 }
+
+/// The first character in [at, end) that is one of two, else `end`. One function for all words that are searched for.
+const char16_t* FindEither(const char16_t* at, const char16_t* end, char16_t one, char16_t other);
 
 /// Behind the last character in [begin, end) that `what` is, else `begin`.
 template <typename What>

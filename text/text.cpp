@@ -62,6 +62,10 @@ bool UpperBegins(std::u16string_view text, std::u16string_view word) {
                                                     [](char16_t a, char16_t b) { return a == b || a == Upper(b); });
 }
 
+const char16_t* FindEither(const char16_t* at, const char16_t* end, char16_t one, char16_t other) {
+    return FindFirst(at, end, [=](auto c) { return (c == one) | (c == other); });
+}
+
 std::size_t Find(std::u16string_view text, std::u16string_view part, std::size_t from) {
     if (part.empty() || from > text.size() || part.front() > scan::kLast) return text.find(part, from);
     const char16_t* at = text.data() + from;

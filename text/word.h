@@ -75,11 +75,11 @@ bool UpperEquals(std::u16string_view text) {
 template <Word First, Word... Others>
 std::size_t UpperFind(std::u16string_view text) {
     static_assert((... && (First.small[0] == Others.small[0])));
-    constexpr auto kBeginning =
-        scan::IsEither(First.small[0], static_cast<char16_t>(First.small[0] ^ First.case_bits[0]));
+    constexpr char16_t kSmall = First.small[0];
+    constexpr char16_t kCapital = kSmall ^ First.case_bits[0];
     const char16_t* at = text.data();
     const char16_t* const end = at + text.size();
-    for (; (at = FindFirst(at, end, kBeginning)) != end; ++at)
+    for (; (at = FindEither(at, end, kSmall, kCapital)) != end; ++at)
         if (UpperBegins<First, Others...>({at, end})) return static_cast<std::size_t>(at - text.data());
     return std::u16string_view::npos;
 }

@@ -7,6 +7,7 @@
 #include <string>
 #include <utility>
 
+#include "win32/module.h"
 #include "win32/wide.h"
 
 namespace vintrel::win32 {
@@ -180,14 +181,6 @@ class HttpTransfer : public platform::Transfer {
     std::size_t taken_ = 0;      ///< of them
 };
 
-/// WinHTTP's threads may still be on their way out of OnStatus when the last request is closed: this module then has
-/// to be there.
-void KeepThisModule() {
-    HMODULE module = nullptr;
-    GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_PIN | GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS,
-                       reinterpret_cast<const wchar_t*>(&OnStatus), &module);
-}
-
 bool ReachesThePeerAsItIs(const platform::HttpRequest& request) {
     for (const std::u16string_view text : {request.host, request.target, request.user, request.password})
         if (text.find(u'\0') != std::u16string_view::npos) return false;
@@ -201,7 +194,7 @@ bool RequestEngine::Prepare() {
     session_ = WinHttpOpen(L"Vintrel", WINHTTP_ACCESS_TYPE_NO_PROXY, WINHTTP_NO_PROXY_NAME, WINHTTP_NO_PROXY_BYPASS,
                            WINHTTP_FLAG_ASYNC);
     if (session_ == nullptr) return false;
-    KeepThisModule();
+    PinThisModule();  // WinHTTP's threads may still be on their way out of OnStatus when the last request is closed
     WinHttpSetTimeouts(session_, kSystemLimit, kSystemLimit, kSystemLimit, kSystemLimit);
     // Older systems leave it out by default.
     SetOption(

@@ -9,6 +9,20 @@ namespace vintrel::win32 {
 
 inline HINSTANCE ThisModule() { return reinterpret_cast<HINSTANCE>(&__ImageBase); }
 
+/// Keeps this module loaded until the process ends: what runs in it may outlive the objects and even COM itself.
+inline void PinThisModule() {
+    HMODULE module = nullptr;
+    GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_PIN | GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS,
+                       reinterpret_cast<const wchar_t*>(&__ImageBase), &module);
+}
+
+/// Keeps it loaded until FreeLibrary is called for the answer; null when that fails.
+inline HMODULE HoldThisModule() {
+    HMODULE module = nullptr;
+    GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS, reinterpret_cast<const wchar_t*>(&__ImageBase), &module);
+    return module;
+}
+
 /// A function of a system library that is loaded when it is needed, or that older systems do not have (then null).
 template <typename Function>
 Function SystemFunction(const wchar_t* library, const char* name) {

@@ -39,13 +39,6 @@ SupportList* shown = nullptr;
 
 HCURSOR Pointer(const wchar_t* name) { return LoadCursorW(nullptr, name); }
 
-/// The window outlives the objects and even COM itself: the code behind it stays until the process ends.
-void KeepModule() {
-    HMODULE module = nullptr;
-    GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_PIN | GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS,
-                       reinterpret_cast<const wchar_t*>(ThisModule()), &module);
-}
-
 RECT WorkAreaAt(HWND window) {
     MONITORINFO monitor{};
     monitor.cbSize = sizeof monitor;
@@ -78,7 +71,7 @@ void SupportList::Show(platform::SupportListContent content) {
     window_class.hbrBackground = GetSysColorBrush(COLOR_3DFACE);
     window_class.lpszClassName = kClassName;
     RegisterClassExW(&window_class);
-    KeepModule();
+    PinThisModule();  // the window may outlive the objects
     window_ = CreateWindowExW(kExtendedStyle, kClassName, Wide(content_.caption), kStyle, CW_USEDEFAULT, CW_USEDEFAULT,
                               kMinimumLineWidth, kMinimumLineWidth, nullptr, nullptr, ThisModule(), nullptr);
     if (window_ == nullptr) return;

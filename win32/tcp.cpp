@@ -10,6 +10,7 @@
 
 #include "text/numbers.h"
 #include "text/text.h"
+#include "win32/module.h"
 #include "win32/wide.h"
 
 namespace vintrel::win32 {
@@ -54,10 +55,8 @@ class Lookup {
             return true;
         }
         // The thread runs code of this module and keeps it loaded meanwhile.
-        HMODULE module = nullptr;
-        if (GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS, reinterpret_cast<const wchar_t*>(&OnThread),
-                               &module) == FALSE)
-            return false;
+        HMODULE module = HoldThisModule();
+        if (module == nullptr) return false;
         auto order = std::make_unique<Order>(lookup, module);
         HANDLE thread = CreateThread(nullptr, 0, OnThread, order.get(), 0, nullptr);
         if (thread == nullptr) {

@@ -58,9 +58,7 @@ platform::TelephonyService::LineApplication Telephony::Initialize(std::u16string
         on_event_ = nullptr;
         return {.result = static_cast<std::int32_t>(result)};
     }
-    if (application != 0 && this_module_ == nullptr)
-        GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS, reinterpret_cast<const wchar_t*>(&OnLineEvent),
-                           &this_module_);
+    if (application != 0 && this_module_ == nullptr) this_module_ = HoldThisModule();
     return {.result = 0, .handle = application, .line_count = lines};
 }
 

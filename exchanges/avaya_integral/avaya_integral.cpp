@@ -8,8 +8,7 @@ namespace vintrel::exchanges::avaya_integral {
 
 using namespace text;
 
-// --- Models
-// -----------------------------------------------------------------------------------------------------------
+// --- Models ---------------------------------------------------------------------------------------------------------
 
 namespace {
 
@@ -53,8 +52,7 @@ constexpr Model kModels[] = {
 
 std::span<const Model> Models() { return kModels; }
 
-// --- Orders
-// -----------------------------------------------------------------------------------------------------------
+// --- Orders ---------------------------------------------------------------------------------------------------------
 
 /// The same for every mode.
 std::u16string AvayaIntegral::WakeUp(const WakeUpOrder& order) {
@@ -80,8 +78,7 @@ std::u16string AvayaIntegral::UserName(std::int32_t room, InOutText& name) {
     return Command({kStx, u"06", PaddedRoom(room), replaced ? plain : name.View(), kEtx});
 }
 
-// --- Frames
-// -----------------------------------------------------------------------------------------------------------
+// --- Frames ---------------------------------------------------------------------------------------------------------
 
 namespace {
 

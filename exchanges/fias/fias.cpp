@@ -11,8 +11,7 @@ namespace vintrel::exchanges::fias {
 
 using namespace text;
 
-// --- The model
-// --------------------------------------------------------------------------------------------------------
+// --- The model ------------------------------------------------------------------------------------------------------
 
 namespace {
 
@@ -40,8 +39,7 @@ constexpr Model kModels[] = {{
 
 std::span<const Model> Models() { return kModels; }
 
-// --- Orders
-// -----------------------------------------------------------------------------------------------------------
+// --- Orders ---------------------------------------------------------------------------------------------------------
 
 namespace {
 
@@ -74,12 +72,20 @@ std::u16string Fias::UserName(std::int32_t room, InOutText& name) {
     return Command({kStx, u"GC|RN", Room(room), u"|GN", Trim(name.View()), u"|", kEtx});
 }
 
-// --- Frames
-// -----------------------------------------------------------------------------------------------------------
+// --- Frames ---------------------------------------------------------------------------------------------------------
 
 namespace {
 
-/// A field of a record by its key ("|RN"), "" when it is missing or no "|" follows it.
+/// A field of a frame by its key ("|RN"), "" when it is missing. Real links leave the last bar out: the last field ends
+/// at the ETX.
+std::u16string_view FrameValue(std::u16string_view frame, std::u16string_view key) {
+    const std::size_t found = Find(frame, key);
+    if (found == std::u16string_view::npos) return {};
+    const std::u16string_view rest = frame.substr(found + key.size());
+    return rest.substr(0, rest.find_first_of(u"|\x03"));
+}
+
+/// A field of a record by its key, "" when it is missing or no "|" follows it.
 std::u16string_view Value(std::u16string_view record, std::u16string_view key) {
     return GetPipeValue(record, key).value_or(std::u16string_view{});
 }
@@ -88,23 +94,23 @@ std::u16string_view Value(std::u16string_view record, std::u16string_view key) {
 
 RoomState Fias::RoomStateOf(std::u16string_view frame) const {
     if (!IsFramed(frame, u"RE|")) return {};
-    if (Contains(frame, u"|RS3|")) return {RoomState::Clean, Value(frame, u"|RN")};
-    if (Contains(frame, u"|RS1|")) return {RoomState::NotClean, Value(frame, u"|RN")};
+    if (Contains(frame, u"|RS3|")) return {RoomState::Clean, FrameValue(frame, u"|RN")};
+    if (Contains(frame, u"|RS1|")) return {RoomState::NotClean, FrameValue(frame, u"|RN")};
     return {};
 }
 
 RoomAlarm Fias::RoomAlarmOf(std::u16string_view frame) const {
     if (!IsFramed(frame, u"RE|") || !Contains(frame, u"|RS5|")) return {};
-    return {RoomAlarm::Yes, Value(frame, u"|RN")};
+    return {RoomAlarm::Yes, FrameValue(frame, u"|RN")};
 }
 
 WakeUpResult Fias::WakeUpResultOf(std::u16string_view frame) const {
     if (!IsFramed(frame, u"WA|")) return {};
-    const std::u16string_view answer = Value(frame, u"|AS");
+    const std::u16string_view answer = FrameValue(frame, u"|AS");
     const auto status = answer == u"OK"   ? WakeUpResult::Answered
                         : answer == u"RY" ? WakeUpResult::Started
                                           : WakeUpResult::NotAnswered;
-    return {WakeUpResult::Yes, status, Value(frame, u"|RN")};
+    return {WakeUpResult::Yes, status, FrameValue(frame, u"|RN")};
 }
 
 bool Fias::IsSetClock(std::u16string_view frame) const { return IsFramed(frame, u"WR|") || IsFramed(frame, u"WC|"); }
@@ -119,7 +125,8 @@ std::optional<SetClock> Fias::SetClockOf(std::u16string_view record) const {
     if (set || clear) fields.command.Append(u"08");
     const std::u16string_view room = Value(record, u"|RN");
     const std::u16string number = DecimalText(IsNumeric(room) ? NumberValue(room) : 0);
-    if (const auto extension = ZeroPad(number, 5)) fields.command.Append(extension->str());
+    const bool plain = number.find(u'E') == std::u16string::npos;  // else too wide
+    if (const auto extension = ZeroPad(number, 5); extension && plain) fields.command.Append(extension->str());
 
     if (set || clear) fields.mode.Append(clear ? u"2" : u"1");
 

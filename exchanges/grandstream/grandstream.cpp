@@ -13,8 +13,7 @@ namespace vintrel::exchanges::grandstream {
 
 using namespace text;
 
-// --- The model
-// --------------------------------------------------------------------------------------------------------
+// --- The model ------------------------------------------------------------------------------------------------------
 
 namespace {
 
@@ -41,8 +40,7 @@ constexpr Model kModels[] = {{
 
 std::span<const Model> Models() { return kModels; }
 
-// --- Preparation
-// ------------------------------------------------------------------------------------------------------
+// --- Preparation ----------------------------------------------------------------------------------------------------
 
 /// The exchange's token is the digest of the account name directly followed by the password.
 void Grandstream::Initialize() {
@@ -65,8 +63,7 @@ void Grandstream::Initialize() {
     settings = std::move(fresh);
 }
 
-// --- Frames: call records of feature codes and wake-up calls
-// --------------------------------------------------------------
+// --- Frames: call records of feature codes and wake-up calls --------------------------------------------------------
 
 namespace {
 

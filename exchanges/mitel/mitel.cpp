@@ -8,8 +8,7 @@ namespace vintrel::exchanges::mitel {
 
 using namespace text;
 
-// --- Models
-// -----------------------------------------------------------------------------------------------------------
+// --- Models ---------------------------------------------------------------------------------------------------------
 
 namespace {
 
@@ -49,13 +48,13 @@ constexpr Framing kAscotel{.length = 80, .acknowledge = kCrLf};
 constexpr Framing kSilent{.length = 50, .acknowledge = kNoMessage};
 
 // clang-format off
-//                           wait    while  inter-  DTR
-//                          conf.     wait     val  RTS     before      after
-constexpr Pacing kHH      {     1,      10,    130,   0, u"h\rh\r",  u"h\r"};
-constexpr Pacing kRH      {     1,      10,    130,   0,   u"\rh",   u"h\r"};
-constexpr Pacing kPrint   {     0,       1,      0,   0,   u"\rh",   u"h\r"};
-constexpr Pacing kStream  {     0,      10,     50,   0};
-constexpr Pacing kOrderly {     1,      10,     50,   0};
+//                             wait  while  inter-  DTR
+//                            conf.   wait     val  RTS      before   after
+constexpr Pacing kWaitI4    {     1,    10,    130,   0, u"h\rh\r", u"h\r"};
+constexpr Pacing kWaitI5    {     1,    10,    130,   0,   u"\rh",   u"h\r"};
+constexpr Pacing kWaitTcp   {     1,    10,     50,   0};
+constexpr Pacing kNever     {     0,     1,      0,   0,   u"\rh",   u"h\r"};
+constexpr Pacing kUnasked   {     0,    10,     50,   0};
 // clang-format on
 
 constexpr TransferRule kSlow{.milliseconds = 5000, .minutes = 2, .duration = 3};
@@ -63,16 +62,16 @@ constexpr TransferRule kQuick{.milliseconds = 4000, .minutes = 2, .duration = 3}
 
 // clang-format off
 constexpr Model kModels[] = {
-    //                                                                                                                            trans-   raw
-    // code        name                                            is        services  link       login     framing   pacing      fer     length
-    {u"TYPE10004", u"Mitel - I4 - 2030/2050/2060 (PC4)",           kI4,      kOrders,  kSerial,   kNoLogin, kPc4,     kHH,        kSlow,    70},
-    {u"TYPE10005", u"Mitel - Ascotel 200 (PC4)",                   kPrinter, kRecords, kSerial,   kNoLogin, kAscotel, kPrint,     kSlow,     0},
-    {u"TYPE10006", u"Mitel - I5 - 2025/2045/2065 (PC4)",           kI5,      kOrders,  kSerial,   kI3Mode,  kPc4,     kRH,        kSlow,    70},
-    {u"TYPE10008", u"Mitel - I6/I7 - 2025/2045/2065 (PC4)",        kHotel,   kAll,     kSerial,   kNoLogin, kPc4,     kHH,        kSlow,    70},
-    {u"TYPE10011", u"Mitel - IntelliGate TCP/IP (PC4)",            kOthers,  kAlarms,  kTcp,      kNoLogin, kSilent,  kStream,    kQuick,   70},
-    {u"TYPE10014", u"Mitel - IntelliGate 7.9 TCP/IP Hotel (PC4)",  kHotel,   kAll,     kHotelTcp, kTelnet,  kPc4,     kOrderly,   kQuick,   70},
-    {u"TYPE10015", u"Mitel - 400 TCP/IP (PC4)",                    kOthers,  kAlarms,  kTcp,      kNoLogin, kSilent,  kStream,    kQuick,   70},
-    {u"TYPE10016", u"Mitel - 400 TCP/IP (PC4) V1-V2 Hotel",        kHotel,   kAll,     kHotelTcp, kTelnet,  kPc4,     kOrderly,   kQuick,   70},
+    //                                                                                                                       trans-     raw
+    // code        name                                            is        services  link       login     framing   pacing    fer     length
+    {u"TYPE10004", u"Mitel - I4 - 2030/2050/2060 (PC4)",           kI4,      kOrders,  kSerial,   kNoLogin, kPc4,     kWaitI4,  kSlow,    70},
+    {u"TYPE10005", u"Mitel - Ascotel 200 (PC4)",                   kPrinter, kRecords, kSerial,   kNoLogin, kAscotel, kNever,   kSlow,     0},
+    {u"TYPE10006", u"Mitel - I5 - 2025/2045/2065 (PC4)",           kI5,      kOrders,  kSerial,   kI3Mode,  kPc4,     kWaitI5,  kSlow,    70},
+    {u"TYPE10008", u"Mitel - I6/I7 - 2025/2045/2065 (PC4)",        kHotel,   kAll,     kSerial,   kNoLogin, kPc4,     kWaitI4,  kSlow,    70},
+    {u"TYPE10011", u"Mitel - IntelliGate TCP/IP (PC4)",            kOthers,  kAlarms,  kTcp,      kNoLogin, kSilent,  kUnasked, kQuick,   70},
+    {u"TYPE10014", u"Mitel - IntelliGate 7.9 TCP/IP Hotel (PC4)",  kHotel,   kAll,     kHotelTcp, kTelnet,  kPc4,     kWaitTcp, kQuick,   70},
+    {u"TYPE10015", u"Mitel - 400 TCP/IP (PC4)",                    kOthers,  kAlarms,  kTcp,      kNoLogin, kSilent,  kUnasked, kQuick,   70},
+    {u"TYPE10016", u"Mitel - 400 TCP/IP (PC4) V1-V2 Hotel",        kHotel,   kAll,     kHotelTcp, kTelnet,  kPc4,     kWaitTcp, kQuick,   70},
 };
 // clang-format on
 
@@ -80,8 +79,7 @@ constexpr Model kModels[] = {
 
 std::span<const Model> Models() { return kModels; }
 
-// --- Orders
-// -----------------------------------------------------------------------------------------------------------
+// --- Orders ---------------------------------------------------------------------------------------------------------
 
 std::u16string Mitel::WakeUp(const WakeUpOrder& order) {
     std::u16string_view mode;
@@ -107,8 +105,7 @@ std::u16string Mitel::UserName(std::int32_t room, InOutText& name) {
     return Command({u"h4", kTab, Room(room), kTab, name.View(), kCr});
 }
 
-// --- Frames: fields separated by FF; FF VT ETX CR LF at the end
-// ---------------------------------------------------------
+// --- Frames: fields separated by FF; FF VT ETX CR LF at the end -----------------------------------------------------
 
 namespace {
 

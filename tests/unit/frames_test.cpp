@@ -117,7 +117,7 @@ TEST_F(Frames, RoomEventsAreRecognisedAndConvertedAsEachModelSendsThem) {
         {u"TYPE12000", "<STX>RE|RN2781|RS1|RS5|<ETX>", 1, 1, "<STX>080278100221<ETX>", "<STX>080278100331<ETX>"},
         {u"TYPE12000", "<STX>RE|RS1|RNSuite 7|RS3|<ETX>", 1, 0, "<STX>080000000111<ETX>"},
         {u"TYPE12000", "<STX>RE|RN1234567|RS5|<ETX>", 0, 1, "", "<STX>083456700331<ETX>"},
-        {u"TYPE12000", "<STX>RE|RS3|RN12<ETX>", 1, 0, "<STX>080000000111<ETX>"},  // RN is not closed
+        {u"TYPE12000", "<STX>RE|RS3|RN12<ETX>", 1, 0, "<STX>080001200111<ETX>"},  // the last bar may be missing
         {u"TYPE12000", "<STX>RE|RN2781|RS10|<ETX>", 0, 0},
         {u"TYPE12000", "RE|RN2781|RS3|<ETX>", 0, 0},
         {u"TYPE12000", "<STX>RE|RN2781|RS3|<ETX>k", 0, 0},
@@ -197,7 +197,7 @@ TEST_F(Frames, WakeUpConfirmationIsRecognisedAndConvertedAsEachModelSendsIt) {
         // FIAS
         {u"TYPE12000", "<STX>WA|RN330|DA260709|TI115700|ASOK|<ETX>", 1, "<STX>07003301<ETX>"},
         {u"TYPE12000", "<STX>WA|RN330|ASRY|<ETX>", 1, "<STX>07003300<ETX>"},
-        {u"TYPE12000", "<STX>WA|RN330|ASOK<ETX>", 1, "<STX>07003302<ETX>"},  // the status is not closed
+        {u"TYPE12000", "<STX>WA|RN330|ASOK<ETX>", 1, "<STX>07003301<ETX>"},  // the last bar may be missing
         {u"TYPE12000", "<STX>WA|ASOK|<ETX>", 1, "<STX>07000001<ETX>"},
         {u"TYPE12000", "<STX>WR|RN330|ASOK|<ETX>", 0},
         {u"TYPE99999", "<STX>07001231<ETX>", 1},
@@ -265,6 +265,7 @@ TEST_F(Frames, SetClockIsConvertedForTheHostWithADate) {
         {u"TYPE12000", kNoon, "<STX>WC|RN123|TI301100|<ETX>", "<STX>0800123230111611~<ETX>"},
         {u"TYPE12000", kNoon, "<STX>WC|RN123|TI301300|<ETX>", "<STX>0800123230131511~<ETX>"},
         {u"TYPE12000", kNoon, "<STX>WC|RN123|TI073000|<ETX>", "<STX>080012320730~<ETX>"},
+        {u"TYPE12000", kNoon, "<STX>WC|RN1E15|ST1<ETX>", "<STX>082XXXX~<ETX>"},  // too wide in plain decimals
         {u"TYPE12000", kNoon, "<STX>WC|RN0330|ST1<ETX>", "<STX>08003302XXXX~<ETX>"},
         {u"TYPE12000", kNoon, "", "<STX>00000XXXX~<ETX>"},
         {u"TYPE10015", kNoon, "<STX>080012307301<ETX>", ""},

@@ -136,7 +136,7 @@ TEST(Scan, FindsAtEveryPositionAndLength) {
                 const char16_t* const begin = text.data();
                 const char16_t* const end = begin + length;
                 EXPECT_EQ(FindFirst(begin, end, scan::Is(u'&')), begin + at) << length;
-                EXPECT_EQ(FindFirst(begin, end, scan::IsEither(u'&', u'-')), begin + at) << length;
+                EXPECT_EQ(FindEither(begin, end, u'&', u'-'), begin + at) << length;
                 EXPECT_EQ(FindFirst(begin, end, [](auto c) { return !((c == u'z') | (c == u'-')); }),
                           other == u'z' ? begin + at : begin);
                 EXPECT_EQ(FindEndOf(begin, begin + length, [](auto c) { return !(c == u'&'); }), begin + at) << length;
