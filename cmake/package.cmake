@@ -4,7 +4,7 @@ install(TARGETS vintrel-host RUNTIME DESTINATION .)
 install(FILES ${PROJECT_SOURCE_DIR}/README.md DESTINATION .)
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/docs ${PROJECT_SOURCE_DIR}/samples ${PROJECT_SOURCE_DIR}/examples DESTINATION .)
 # Type library, manifest and IDL: for hosts that bind early or run without registration.
-install(FILES ${VINTREL_TYPE_LIBRARY} ${VINTREL_MANIFEST} ${PROJECT_SOURCE_DIR}/com/Vintrel.idl DESTINATION .)
+install(FILES ${surface_dir}/Vintrel.tlb ${surface_dir}/Vintrel.idl ${VINTREL_MANIFEST} DESTINATION .)
 
 set(stage ${CMAKE_BINARY_DIR}/package/stage)
 add_custom_target(package

@@ -6,15 +6,16 @@ find_path(VINTREL_TYPE_LIBRARIES stdole2.tlb PATHS /usr/lib/i386-linux-gnu/wine/
 
 set(surface_idl ${PROJECT_SOURCE_DIR}/com/Vintrel.idl)
 set(surface_dir ${CMAKE_BINARY_DIR}/surface)
-file(MAKE_DIRECTORY ${surface_dir})
-# widl writes the time into the type library: a fixed one in its place makes the build reproducible.
+configure_file(${surface_idl} ${surface_dir}/Vintrel.idl @ONLY)  # with the version
+# widl writes the time into the type library, as text and as a number: a fixed one in its place makes the build
+# reproducible.
 add_custom_command(
   OUTPUT ${surface_dir}/Vintrel.h ${surface_dir}/Vintrel_i.c ${surface_dir}/Vintrel.tlb
   COMMAND ${VINTREL_WIDL} ${VINTREL_WIDL_FLAGS} -I ${VINTREL_IDL_IMPORTS} -L ${VINTREL_TYPE_LIBRARIES}
-          -h -H Vintrel.h -u -U Vintrel_i.c -t -T Vintrel.tlb ${surface_idl}
-  COMMAND ${CMAKE_COMMAND} -E env LC_ALL=C
-          sed -i -E "s/(WIDL version [0-9.]+ at ).{24}/\\1Thu Jan  1 00:00:00 1970/" Vintrel.tlb
-  DEPENDS ${surface_idl}
+          -h -H Vintrel.h -u -U Vintrel_i.c -t -T Vintrel.tlb Vintrel.idl
+  COMMAND perl -0777 -pi -e "s/(WIDL version [0-9.]+ at ).{24}(\\nW*\\x13\\0).{4}/\${1}Thu Jan  1 00:00:00 1970\${2}\\0\\0\\0\\0/s or die 'no time stamp'"
+          Vintrel.tlb
+  DEPENDS ${surface_dir}/Vintrel.idl
   WORKING_DIRECTORY ${surface_dir}
   COMMENT "Compiling com/Vintrel.idl"
   VERBATIM)
@@ -38,7 +39,7 @@ else()
   set(image_base 0x10000000)
 endif()
 
-file(GLOB skin_sources CONFIGURE_DEPENDS com/*.cpp)
+file(GLOB skin_sources CONFIGURE_DEPENDS com/*.cpp com/runtime/*.cpp)
 # COM interfaces have no virtual destructor by contract: Release deletes.
 set_source_files_properties(${skin_sources} PROPERTIES COMPILE_OPTIONS -Wno-non-virtual-dtor)
 add_library(Vintrel MODULE ${skin_sources} com/Vintrel.rc com/Vintrel.def)
@@ -63,14 +64,13 @@ file(GLOB fast_sources CONFIGURE_DEPENDS cdr/*.cpp)
 list(APPEND fast_sources server/text.cpp server/catalogue.cpp server/type_code.cpp com/com_events_rx.cpp com/strings.cpp)
 set_property(SOURCE ${fast_sources} APPEND PROPERTY COMPILE_OPTIONS "$<$<CONFIG:Release>:-O2;-falign-loops=32>")
 
-# The symbols stay beside the DLL that ships.
+# The symbols stay beside the DLL that ships. Each of the tools would write the present time into the file.
+set(no_time ${CMAKE_COMMAND} -E env SOURCE_DATE_EPOCH=0)
 add_custom_command(TARGET Vintrel POST_BUILD
-  COMMAND ${CMAKE_OBJCOPY} --only-keep-debug $<TARGET_FILE:Vintrel> ${CMAKE_BINARY_DIR}/Vintrel.debug
-  COMMAND ${CMAKE_STRIP} --strip-all $<TARGET_FILE:Vintrel>
-  COMMAND ${CMAKE_OBJCOPY} --add-gnu-debuglink=Vintrel.debug $<TARGET_FILE:Vintrel>
+  COMMAND ${no_time} ${CMAKE_OBJCOPY} --only-keep-debug $<TARGET_FILE:Vintrel> Vintrel.debug
+  COMMAND ${no_time} ${CMAKE_STRIP} --strip-all $<TARGET_FILE:Vintrel>
+  COMMAND ${no_time} ${CMAKE_OBJCOPY} --add-gnu-debuglink=Vintrel.debug $<TARGET_FILE:Vintrel>
   WORKING_DIRECTORY ${CMAKE_BINARY_DIR}
   VERBATIM)
 
-set(VINTREL_TYPE_LIBRARY ${surface_dir}/Vintrel.tlb)
-set(VINTREL_MANIFEST ${CMAKE_BINARY_DIR}/Vintrel.Server.manifest)
-configure_file(com/Vintrel.Server.manifest.in ${VINTREL_MANIFEST} @ONLY)
+include(cmake/manifest.cmake)

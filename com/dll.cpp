@@ -1,4 +1,4 @@
-// What the DLL exports.
+// What the DLL exports, and its entry point.
 #include <windows.h>
 
 #include <olectl.h>
@@ -8,6 +8,7 @@
 #include "com/guarded.h"
 #include "com/module.h"
 #include "com/registration.h"
+#include "com/runtime/threads.h"
 
 using namespace vintrel::com;
 
@@ -36,4 +37,10 @@ STDAPI DllInstall(BOOL install, LPCWSTR command_line) {
         const Scope scope = user ? Scope::User : Scope::Machine;
         return install != FALSE ? Register(scope) : Unregister(scope);
     });
+}
+
+extern "C" BOOL WINAPI DllMain(HINSTANCE, DWORD reason, LPVOID process_ends) {
+    if (reason == DLL_THREAD_DETACH) EndRuntimeThread();
+    if (reason == DLL_PROCESS_DETACH && !process_ends) EndRuntime();
+    return TRUE;
 }

@@ -6,11 +6,12 @@
 #include "Vintrel.h"
 #include "com/class_table.h"
 #include "com/module.h"
+#include "version.h"
 
 namespace vintrel::com {
 namespace {
 
-constexpr wchar_t kLibraryName[] = L"Vintrel exchange server 2.841";
+constexpr wchar_t kLibraryName[] = L"Vintrel exchange server " VINTREL_VERSION;
 constexpr wchar_t kLibraryVersion[] = L"1.0";
 constexpr wchar_t kAutomationMarshaler[] = L"{00020424-0000-0000-C000-000000000046}";
 constexpr const wchar_t* kPlatform = sizeof(void*) == 8 ? L"win64" : L"win32";

@@ -29,6 +29,4 @@ Moment Now() {
     return {stamp, GetTickCount64()};
 }
 
-std::string DayAndMonth(const CivilTime& time) { return Digits(time.day, 2) + Digits(time.month, 2); }
-
 }  // namespace vintrel::host

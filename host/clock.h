@@ -23,7 +23,4 @@ struct Moment {
 };
 Moment Now();
 
-/// A day as orders name it: "ddmm".
-std::string DayAndMonth(const CivilTime& time);
-
 }  // namespace vintrel::host

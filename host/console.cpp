@@ -51,6 +51,11 @@ std::string SystemMessage(DWORD error) {
     return message.empty() ? "error " + std::to_string(error) : message;
 }
 
+bool IsFolder(const std::string& name) {
+    const DWORD attributes = GetFileAttributesW(ToWide(name).c_str());
+    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+}
+
 Handle& Handle::operator=(Handle&& other) noexcept {
     std::swap(handle_, other.handle_);
     return *this;

@@ -37,6 +37,8 @@ Output StandardOutput();
 /// What Windows says about an error number.
 std::string SystemMessage(DWORD error);
 
+bool IsFolder(const std::string& name);
+
 /// Owns a handle of the system.
 class Handle {
  public:

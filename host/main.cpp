@@ -10,6 +10,7 @@
 #include "host/console.h"
 #include "host/failure.h"
 #include "host/options.h"
+#include "host/server.h"
 #include "host/text.h"
 
 namespace vintrel::host {
@@ -36,6 +37,7 @@ constexpr std::string_view kHead =
     "\n"
     "usage: vintrel-host COMMAND [OPTIONS]\n"
     "       vintrel-host COMMAND --help\n"
+    "       vintrel-host --version\n"
     "\n";
 constexpr std::string_view kTail =
     "\n"
@@ -67,7 +69,22 @@ bool AsksForHelp(const std::vector<std::string>& arguments) {
     return std::ranges::any_of(arguments, [](const std::string& word) { return word == "--help" || word == "-h"; });
 }
 
+/// The program's own version, and that of the server it finds.
+std::string Versions() {
+    std::string text = "vintrel-host " VINTREL_VERSION "\n";
+    try {
+        const Server server;
+        return text + "server       " + ToUtf8(server.Text(server.info, &_ServerInfo::GetServerVersion)) + "\n";
+    } catch (const Failure& failure) {
+        return text + failure.what() + "\n";
+    }
+}
+
 ExitCode Run(std::vector<std::string> arguments) {
+    if (!arguments.empty() && arguments[0] == "--version") {
+        WriteOut(Versions());
+        return ExitCode::Ok;
+    }
     if (arguments.empty() || arguments[0] == "--help" || arguments[0] == "-h" || arguments[0] == "help") {
         WriteOut(GeneralHelp());
         return arguments.empty() ? ExitCode::Usage : ExitCode::Ok;
@@ -78,7 +95,7 @@ ExitCode Run(std::vector<std::string> arguments) {
         WriteOut(HelpOf(command));
         return ExitCode::Ok;
     }
-    return command.run(Options(command.options, arguments));
+    return command.run(Options(command.options, command.word, arguments));
 }
 
 /// The one place where a failure becomes a message and an exit code.

@@ -11,12 +11,14 @@ namespace {
 
 }  // namespace
 
-Options::Options(std::span<const Option> known, std::span<const std::string> arguments) {
+Options::Options(std::span<const Option> known, std::string_view word, std::span<const std::string> arguments) {
     bool only_words = false;
     for (std::size_t i = 0; i < arguments.size(); ++i) {
         const std::string& argument = arguments[i];
         if (only_words || argument == "-" || !argument.starts_with('-')) {
-            words_.push_back(argument);
+            if (word.empty() || !word_.empty())
+                Refuse("\"" + argument + "\" belongs to no option (a value with blanks stands in quotes)");
+            word_ = argument;
             continue;
         }
         if (argument == "--") {
@@ -38,6 +40,7 @@ Options::Options(std::span<const Option> known, std::span<const std::string> arg
         }
         if (!values_.emplace(name, value).second) Refuse(name + " is given twice");
     }
+    if (!word.empty() && word_.empty()) Refuse(std::string(word) + " is missing");
 }
 
 bool Options::Has(std::string_view name) const { return values_.find(name) != values_.end(); }
@@ -60,12 +63,6 @@ unsigned Options::Number(std::string_view name, unsigned otherwise, unsigned lea
     if (!number || *number < least || *number > most)
         Refuse(std::string(name) + " must be a number from " + std::to_string(least) + " to " + std::to_string(most));
     return *number;
-}
-
-const std::string& Options::OnlyWord(std::string_view what) const {
-    if (words_.empty()) Refuse(std::string(what) + " is missing");
-    if (words_.size() > 1) Refuse("one too many: " + words_[1]);
-    return words_.front();
 }
 
 std::string HelpLines(std::span<const Option> options) {

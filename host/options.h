@@ -6,7 +6,6 @@
 #include <span>
 #include <string>
 #include <string_view>
-#include <vector>
 
 #include "host/failure.h"
 
@@ -22,7 +21,9 @@ struct Option {
 class Options {
  public:
     /// @throws Failure (Usage) for an option that is not known, comes twice, lacks its value or has one too many.
-    Options(std::span<const Option> known, std::span<const std::string> arguments);
+    /// @param word  what the one word is that the command takes beside its options, "" for none: it must be there,
+    ///              and any other word is refused, for it would be dropped
+    Options(std::span<const Option> known, std::string_view word, std::span<const std::string> arguments);
 
     bool Has(std::string_view name) const;
     std::string Get(std::string_view name, std::string_view otherwise = "") const;
@@ -31,13 +32,12 @@ class Options {
     /// A whole number. @throws Failure (Usage) outside the range.
     unsigned Number(std::string_view name, unsigned otherwise, unsigned least, unsigned most) const;
 
-    const std::vector<std::string>& Words() const { return words_; }
-    /// The one word of a command that takes one. @throws Failure (Usage) for none or more.
-    const std::string& OnlyWord(std::string_view what) const;
+    /// The one word of a command that takes one.
+    const std::string& Word() const { return word_; }
 
  private:
     std::map<std::string, std::string, std::less<>> values_;
-    std::vector<std::string> words_;
+    std::string word_;
 };
 
 /// The options as aligned lines of a help text.

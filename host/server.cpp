@@ -116,6 +116,7 @@ std::vector<std::string> AllCodes(const Server& server) {
 
 void Initialize(const Server& server, const Model& model, const std::string& folder) {
     if (folder.empty()) return;
+    if (!IsFolder(folder)) throw Failure(ExitCode::Failed, "there is no folder " + folder + " for the settings");
     Bstr directory(FromUtf8(folder));
     VARIANT nothing{};
     CheckCall(server.setup->SetAllUserCommonDocumentsDirA(directory.InOut(), &nothing));

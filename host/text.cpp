@@ -1,5 +1,6 @@
 #include "host/text.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cstdint>
@@ -177,6 +178,17 @@ std::string_view Trimmed(std::string_view text) {
     while (!text.empty() && text.front() == ' ') text.remove_prefix(1);
     while (!text.empty() && text.back() == ' ') text.remove_suffix(1);
     return text;
+}
+
+std::vector<std::string_view> Lines(std::string_view text) {
+    std::vector<std::string_view> lines;
+    while (!text.empty()) {
+        const std::size_t end = std::min(text.find_first_of("\r\n"), text.size());
+        lines.push_back(text.substr(0, end));
+        text.remove_prefix(end);
+        text.remove_prefix(text.starts_with("\r\n") ? 2 : text.empty() ? 0 : 1);
+    }
+    return lines;
 }
 
 std::string Digits(unsigned long value, std::size_t width) {

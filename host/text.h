@@ -5,6 +5,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace vintrel::host {
 
@@ -25,9 +26,12 @@ std::string Readable(std::string_view bytes);
 /// Accepts <cr>, <CR> and <x0D> alike; anything else stands for itself.
 std::string FromReadable(std::string_view utf8);
 
+constexpr bool IsDigit(char character) { return character >= '0' && character <= '9'; }
 std::string Upper(std::string_view ascii);
 /// Without blanks at both ends.
 std::string_view Trimmed(std::string_view text);
+/// The lines of a text, whatever ends them, without their ends.
+std::vector<std::string_view> Lines(std::string_view text);
 /// A number with zeros in front, at least `width` digits.
 std::string Digits(unsigned long value, std::size_t width);
 /// A whole decimal number without sign.

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "server/catalogue.h"
+#include "version.h"
 
 namespace vintrel::server {
 namespace {
@@ -16,9 +17,9 @@ void OpenHelpPage(const Settings& settings, HelpViewer& help_viewer) {
 
 }  // namespace
 
-std::u16string_view GetServerVersion() { return u"2.841"; }
+std::u16string_view GetServerVersion() { return u"" VINTREL_VERSION; }
 
-std::int64_t GetServerVersionCur() { return 28410; }
+std::int64_t GetServerVersionCur() { return VINTREL_VERSION_TEN_THOUSANDTHS; }
 
 std::int16_t GetPabxActiveType(TypeCode type) { return UpperAndFind(type) ? 1 : 0; }
 

@@ -1,4 +1,5 @@
 // "checkin": opens a room's telephone for a guest.
+#include "host/checks.h"
 #include "host/commands/order.h"
 #include "host/text.h"
 
@@ -14,7 +15,7 @@ constexpr Option kOptions[] = {
 };
 
 ExitCode Run(const Options& options) {
-    Bstr name(FromUtf8(options.Get("--name")));
+    Bstr name(FromUtf8(CheckedName(options.Get("--name"))));
     short language = Language(options);
     short change_name = options.Has("--name") ? 1 : 0;
     return Order(options).CarryOut(&_ComEventsTX::ComEventCheckInTX, name.InOut(), &language, &change_name);
@@ -28,6 +29,7 @@ const Command kCheckInCommand{
     "--model CODE --room NUMBER [--name TEXT] [--language WORD] [--settings FOLDER]",
     kOrderHelp,
     kOptions,
+    "",
     Run,
 };
 

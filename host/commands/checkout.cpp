@@ -24,6 +24,7 @@ const Command kCheckOutCommand{
     "--model CODE --room NUMBER [--clear-name] [--settings FOLDER]",
     kOrderHelp,
     kOptions,
+    "",
     Run,
 };
 

@@ -167,7 +167,7 @@ class Classification {
 
 ExitCode Run(const Options& options) {
     const std::string code = options.Require("--model");
-    const std::string& name = options.OnlyWord("the capture (a file, or - for the standard input)");
+    const std::string& name = options.Word();
     const Format format = ParseFormat(options.Get("--format", "table"));
     InputFile input(name, options.Has("--readable") ? InputFile::Form::Readable : InputFile::Form::Bytes);
     const Server server;
@@ -204,6 +204,7 @@ const Command kClassifyCommand{
     "output.\n"
     "Exit code 1 when a frame was incomplete.",
     kOptions,
+    kCaptureWord,
     Run,
 };
 

@@ -15,6 +15,7 @@ struct Command {
     std::string_view usage;    ///< behind "vintrel-host NAME"
     std::string_view help;     ///< what it does, what it writes and how it ends; lines of at most 100 characters
     std::span<const Option> options;
+    std::string_view word;  ///< what the one word is that it takes beside its options; "" for none
     ExitCode (*run)(const Options& options);
 };
 

@@ -161,7 +161,7 @@ std::string Summary(const Counts& counts) {
 
 ExitCode Run(const Options& options) {
     const std::string code = options.Require("--model");
-    const std::string& name = options.OnlyWord("the capture (a file, or - for the standard input)");
+    const std::string& name = options.Word();
     const Format format = ParseFormat(options.Get("--format", "table"));
     InputFile input(name, options.Has("--readable") ? InputFile::Form::Readable : InputFile::Form::Bytes);
     const Server server;
@@ -203,6 +203,7 @@ const Command kConvertCommand{
     "to be no call; \"malformed\" are records that do not have the model's layout.\n"
     "Exit code 1 when a record was malformed or incomplete.",
     kOptions,
+    kCaptureWord,
     Run,
 };
 

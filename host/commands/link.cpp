@@ -259,6 +259,7 @@ const Command kLinkCommand{
     "stand in quotes with control characters by name. Where the meaning of a number is the host's own,\n"
     "it says so.",
     kOptions,
+    "",
     Run,
 };
 

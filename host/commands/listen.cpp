@@ -184,7 +184,6 @@ class Listening {
 ExitCode Run(const Options& options) {
     const std::string code = options.Require("--model");
     RequireOneOf(options, {"--connect", "--listen", "--serial", "--replay"});
-    if (!options.Words().empty()) throw Failure(ExitCode::Usage, "one too many: " + options.Words().front());
     const Server server;
     const Model model(server, code);
     Initialize(server, model, options.Get("--settings"));
@@ -211,8 +210,10 @@ const Command kListenCommand{
     "and so is what becomes of the link: connected, lost, refused, silent. Ctrl-C ends it.\n"
     "\n"
     "An order file holds one order per line: \"wakeup ROOM HHMM [DDMM]\", \"cancel ROOM HHMM [DDMM]\",\n"
-    "\"checkin ROOM [NAME]\", \"checkout ROOM\", \"name ROOM NAME\" or \"wait SECONDS\"; # begins a comment.",
+    "\"checkin ROOM [NAME]\", \"checkout ROOM\", \"name ROOM NAME\" or \"wait SECONDS\"; # begins a comment.\n"
+    "A wake-up call without a day is meant for the next time that the clock shows.",
     kOptions,
+    "",
     Run,
 };
 

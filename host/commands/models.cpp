@@ -42,6 +42,7 @@ const Command kModelsCommand{
     "With --matrix also the hotel services of each model, as the server answers: yes or no, and 0 to 2 for\n"
     "the wake-up date level.",
     kOptions,
+    "",
     Run,
 };
 

@@ -1,4 +1,5 @@
 // "name": changes the name on a room's telephone.
+#include "host/checks.h"
 #include "host/commands/order.h"
 #include "host/text.h"
 
@@ -13,7 +14,7 @@ constexpr Option kOptions[] = {
 };
 
 ExitCode Run(const Options& options) {
-    Bstr name(FromUtf8(options.Require("--name")));
+    Bstr name(FromUtf8(CheckedName(options.Require("--name"))));
     return Order(options).CarryOut(&_ComEventsTX::ComEventUserNameTX, name.InOut());
 }
 
@@ -25,6 +26,7 @@ const Command kNameCommand{
     "--model CODE --room NUMBER --name TEXT [--settings FOLDER]",
     kOrderHelp,
     kOptions,
+    "",
     Run,
 };
 

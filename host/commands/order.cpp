@@ -2,17 +2,12 @@
 
 #include <array>
 
+#include "host/checks.h"
 #include "host/console.h"
 #include "host/text.h"
 
 namespace vintrel::host {
 namespace {
-
-long Room(const Options& options) {
-    options.Require("--room");
-    constexpr unsigned kLargest = 2147483647;
-    return static_cast<long>(options.Number("--room", 0, 0, kLargest));
-}
 
 bool IsVerdict(std::u16string_view answer) { return answer == u"<OK>" || answer == u"<ERROR>"; }
 
@@ -27,7 +22,7 @@ short Language(const Options& options) {
 }
 
 Order::Order(const Options& options)
-    : model_(server_, options.Require("--model")), room_(Room(options)), type_(model_.Code()) {
+    : model_(server_, options.Require("--model")), room_(CheckedRoom(options.Require("--room"))), type_(model_.Code()) {
     Initialize(server_, model_, options.Get("--settings"));
 }
 

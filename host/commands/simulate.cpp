@@ -41,13 +41,14 @@ constexpr Option kOptions[] = {
 constexpr std::uint64_t kSecond = 1000;
 
 std::vector<Step> Steps(const Options& options) {
-    std::vector<Step> steps =
-        ParseScenario(options.Has("--scenario") ? ReadWholeFile(options.Get("--scenario")) : std::string(BuiltInDay()));
+    const std::string name = options.Get("--scenario");
+    std::vector<Step> steps = options.Has("--scenario") ? ParseScenario(ReadWholeFile(name), name)
+                                                        : ParseScenario(BuiltInDay(), "the built-in day");
     const std::string fault = options.Get("--fault");
     if (fault.empty()) return steps;
     if (fault != "half" && fault != "garbage" && fault != "silence" && fault != "disconnect")
         throw Failure(ExitCode::Usage, "--fault is half, garbage, silence or disconnect, not \"" + fault + "\"");
-    const std::vector<Step> inserted = ParseScenario(fault == "silence" ? "wait 10" : fault);
+    const std::vector<Step> inserted = ParseScenario(fault == "silence" ? "wait 10" : fault, "--fault");
     const auto middle = steps.begin() + static_cast<std::ptrdiff_t>(steps.size() / 2);
     steps.insert(middle, inserted.begin(), inserted.end());
     return steps;
@@ -131,7 +132,6 @@ void Print(const Options& options, std::string_view code, const LinkAnswers& ans
 ExitCode Run(const Options& options) {
     const std::string code = options.Require("--model");
     RequireOneOf(options, {"--listen", "--connect", "--serial", "--print"});
-    if (!options.Words().empty()) throw Failure(ExitCode::Usage, "one too many: " + options.Words().front());
     const Server server;
     const Model model(server, code);
     const LinkAnswers answers = AskAboutLink(server, model);
@@ -160,6 +160,7 @@ const Command kSimulateCommand{
     "  wait SECONDS                           await (an order of the host)\n"
     "  send BYTES, such as <STX>LA|<ETX>      half, garbage, disconnect (faults)",
     kOptions,
+    "",
     Run,
 };
 

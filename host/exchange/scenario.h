@@ -32,8 +32,8 @@ struct Step {
     unsigned units = 0;     ///< of Call
 };
 
-/// @throws Failure (Usage) with the line that is no step.
-std::vector<Step> ParseScenario(std::string_view text);
+/// @param file  its name, for messages. @throws Failure (Usage) with file and line of what is no step.
+std::vector<Step> ParseScenario(std::string_view text, const std::string& file);
 
 /// A day of a hotel, for every model; an exchange leaves out what it cannot say.
 std::string_view BuiltInDay();

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "host/link/order_lines.h"
 #include "host/link/session.h"
 #include "host/server.h"
 
@@ -13,20 +14,18 @@ namespace vintrel::host {
 
 class OrderFile {
  public:
-    /// @param name  "" for none. @throws Failure (Usage) with the line that is no order.
+    /// @param name  "" for none. @throws Failure (Usage) with file and line of what is no order.
     OrderFile(const Server& server, const Model& model, const std::string& name);
 
     /// Hands the orders that are due to the session. @return which they are, or what else became of them
     std::vector<Event> Feed(Session& session, std::uint64_t now, bool connected);
 
  private:
-    using Words = std::vector<std::string>;
-    std::u16string Ask(const Words& words) const;
-    std::u16string AskWakeUp(const Words& words, long room) const;
+    std::u16string Ask(const OrderLine& order) const;
 
     const Server& server_;
     std::u16string code_;
-    std::deque<Words> orders_;
+    std::deque<OrderLine> orders_;
     std::uint64_t due_ = 0;
 };
 

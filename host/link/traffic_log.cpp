@@ -35,9 +35,7 @@ std::optional<LogLine> ParseLogLine(std::string_view line) {
 }
 
 TrafficLog::TrafficLog(std::string folder) : folder_(std::move(folder)) {
-    if (folder_.empty()) return;
-    const DWORD attributes = GetFileAttributesW(ToWide(folder_).c_str());
-    if (attributes == INVALID_FILE_ATTRIBUTES || (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0)
+    if (!folder_.empty() && !IsFolder(folder_))
         throw Failure(ExitCode::Failed, "there is no folder " + folder_ + " for the log");
 }
 

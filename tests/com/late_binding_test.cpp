@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "client.h"
+#include "version.h"
 
 namespace vintrel::testing {
 namespace {
@@ -142,8 +143,8 @@ TEST_F(LateBinding, AnswersAStatementAndAFunctionCallAlikeAndRefusesWhatIsNotThe
     Variant type(L"type10001");
     EXPECT_EQ(Call(server_.Get(), L"GetPabxTypeName", {Variant::To(type)}, DISPATCH_METHOD).result, S_OK);
     EXPECT_EQ(type.Str(), L"TYPE10001");
-    EXPECT_EQ(Call(server_.Get(), L"getserverversion", {}, DISPATCH_PROPERTYGET).answer.Str(), L"2.841");
-    EXPECT_EQ(Call(server_.Get(), L"GetServerVersionCur", {}).answer.cyVal.int64, 28410);
+    EXPECT_EQ(Call(server_.Get(), L"getserverversion", {}, DISPATCH_PROPERTYGET).answer.Str(), L"" VINTREL_VERSION);
+    EXPECT_EQ(Call(server_.Get(), L"GetServerVersionCur", {}).answer.cyVal.int64, VINTREL_VERSION_TEN_THOUSANDTHS);
     EXPECT_EQ(Call(server_.Get(), L"GetServerVersion", {}, DISPATCH_PROPERTYPUT).result, DISP_E_MEMBERNOTFOUND);
     EXPECT_EQ(Call(server_.Get(), L"GetServerVersions", {}).result, DISP_E_UNKNOWNNAME);
 

@@ -3,6 +3,7 @@
 
 #include <filesystem>
 #include <set>
+#include <string>
 #include <vector>
 
 #include "client.h"
@@ -64,12 +65,20 @@ TEST_F(Library, SaysItsVersionToWindowsAsToTheHost) {
     VS_FIXEDFILEINFO* fixed = nullptr;
     UINT length = 0;
     ASSERT_TRUE(VerQueryValueW(information.data(), L"\\", reinterpret_cast<void**>(&fixed), &length));
-    EXPECT_EQ(HIWORD(fixed->dwFileVersionMS), 2);
-    EXPECT_EQ(LOWORD(fixed->dwFileVersionMS), 841);
     wchar_t* text = nullptr;
     ASSERT_TRUE(VerQueryValueW(information.data(), L"\\StringFileInfo\\040904B0\\FileVersion",
                                reinterpret_cast<void**>(&text), &length));
-    EXPECT_EQ(Call(Create(L"Vintrel.ServerInfo").Get(), L"GetServerVersion", {}).answer.Str(), text);
+    EXPECT_EQ(std::to_wstring(HIWORD(fixed->dwFileVersionMS)) + L"." + std::to_wstring(LOWORD(fixed->dwFileVersionMS)),
+              text);
+    const Ref<IDispatch> info = Create(L"Vintrel.ServerInfo");
+    EXPECT_EQ(Call(info.Get(), L"GetServerVersion", {}).answer.Str(), text);
+    const CY number = Call(info.Get(), L"GetServerVersionCur", {}).answer.cyVal;
+    EXPECT_DOUBLE_EQ(static_cast<double>(number.int64) / 10'000, std::stod(text));
+    Ref<ITypeLib> library;
+    ASSERT_EQ(LoadTypeLibEx(Path().c_str(), REGKIND_NONE, library.Out()), S_OK);
+    Text about;
+    library->GetDocumentation(MEMBERID_NIL, nullptr, about.Var(), nullptr, nullptr);
+    EXPECT_EQ(about.Str(), std::wstring(L"Vintrel exchange server ") + text);
 }
 
 }  // namespace

@@ -7,6 +7,7 @@
 
 #include "Vintrel.h"
 #include "client.h"
+#include "version.h"
 
 namespace vintrel::testing {
 namespace {
@@ -71,7 +72,7 @@ TEST_F(Registration, IsNotNeededWithTheManifest) {
     std::ofstream(path) << "<assembly xmlns='urn:schemas-microsoft-com:asm.v1' manifestVersion='1.0'>"
                            "<assemblyIdentity type='win32' name='client' version='1.0.0.0'/><dependency>"
                            "<dependentAssembly><assemblyIdentity type='win32' name='Vintrel.Server' "
-                           "version='2.841.0.0' processorArchitecture='"
+                           "version='" VINTREL_VERSION ".0.0' processorArchitecture='"
                         << (sizeof(void*) == 8 ? "amd64" : "x86") << "'/></dependentAssembly></dependency></assembly>";
     ACTCTXW context = {};
     context.cbSize = sizeof context;

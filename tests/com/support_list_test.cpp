@@ -20,6 +20,7 @@ using std::min;  // NOLINT(misc-unused-using-decls)
 #include <vector>
 
 #include "client.h"
+#include "version.h"
 
 namespace vintrel::testing {
 namespace {
@@ -166,7 +167,7 @@ TEST_F(SupportList, ShowsTheModelsInGermanAndItalian) {
         EXPECT_NE(Part(L"OK"), nullptr);
         wchar_t title[256] = {};
         GetWindowTextW(window, title, 256);
-        EXPECT_STREQ(title, L" Pabx Com Server  V 2.841");
+        EXPECT_STREQ(title, L" Pabx Com Server  V " VINTREL_VERSION);
         EXPECT_EQ(SendMessageW(list, LB_GETCOUNT, 0, 0), 21);
         EXPECT_EQ(Line(0), L"Avaya - Integral 1/3/5 SW xE3.xxx - xE5.xxx");
         EXPECT_EQ(Line(20), L"FIAS - PMS");

@@ -10,6 +10,7 @@ import io
 import json
 import os
 import pty
+import re
 import select
 import shutil
 import signal
@@ -91,9 +92,13 @@ def every_command_explains_itself():
         command = line.split()[0]
         code, out, _ = host(command, "--help")
         expect((code, f"usage: vintrel-host {command} " in out), (0, True), out)
+    expect(len(set(re.findall(r"[0-9.]+", host("--version")[1]))), 1)  # the program and the server
 
 
 def wrong_command_lines_are_refused():
+    work = folder("refused")
+    with open(os.path.join(work, "day.txt"), "w", encoding="ascii") as file:
+        file.write("# a day\nroom 201 dusty\n")
     capture = os.path.join(SAMPLES, "mitel_pc4.txt")
     listen = ["listen", "--model", "TYPE10004"]
     for words, wanted, message in [
@@ -108,8 +113,14 @@ def wrong_command_lines_are_refused():
         ([*listen, "--listen", "65536"], 2, "1 to 65535"),
         ([*listen, "--serial", "COM1", "--line", "fast"], 2, "BAUD,BITS"),
         (["simulate", "--model", "TYPE10004", "--print", "--fault", "fire"], 2, "--fault is"),
+        (["simulate", "--model", "TYPE10004", "--print", "--scenario", "day.txt"], 2, 'day.txt:2: "dusty" is none of'),
+        ([*listen, "--listen", "1", "--orders", "day.txt"], 2, 'day.txt:2: there is no order "room"'),
+        (["checkin", "--model", "TYPE10004", "--room", "204", "Rossi"], 2, '"Rossi" belongs to no option'),
+        (["wakeup", "--model", "TYPE10004", "--room", "204", "--time", "7:30"], 2, "a time is HHMM"),
+        (["wakeup", "--model", "TYPE10004", "--room", "0", "--time", "0730"], 2, "a room is a number from 1"),
+        (["checkout", "--model", "TYPE10004", "--room", "204", "--settings", "missing"], 1, "no folder missing"),
     ]:
-        code, _, errors = host(*words)
+        code, _, errors = host(*words, cwd=work)
         expect(code, wanted, words)
         expect_in(message, errors)
 

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "printing.h"
+#include "version.h"
 
 namespace vintrel::server {
 namespace {
@@ -35,7 +36,7 @@ TEST_F(ServerInfo, KnowsACodeInAnyCaseAndAnswersAnUnknownOneWithoutAReport) {
 TEST_F(ServerInfo, ListsTheModelsInCodeOrderWithFiasLast) {
     settings.FormCaptions = {u"hint", u"heading"};
     GetPabxTypeList(settings, window, window);
-    EXPECT_EQ(window.shown.caption, u" Pabx Com Server  V 2.841");
+    EXPECT_EQ(window.shown.caption, u" Pabx Com Server  V " VINTREL_VERSION);
     EXPECT_EQ(window.shown.tool_tip, u"hint");
     EXPECT_EQ(window.shown.heading, u"heading");
     ASSERT_EQ(window.shown.lines.size(), 21U);

@@ -1,5 +1,9 @@
 // What the exception runtime needs of threads, by Windows' own means: eight functions in place of the 30 KB of a
-// portable thread library. Nothing else in the server uses threads.
+// portable thread library. They stand in for that library here only: what else of the server meets several threads
+// (the counts of objects, the tables of late binding, WinHTTP's callbacks, the looking up of names) uses atomics and
+// Windows' locks itself.
+#include "com/runtime/threads.h"
+
 #include <windows.h>
 
 #include <array>
@@ -27,7 +31,11 @@ Key* FindKey(unsigned index) {
     return nullptr;
 }
 
-void EndThread() {
+}  // namespace
+
+namespace vintrel::com {
+
+void EndRuntimeThread() noexcept {
     for (const Key& key : keys) {
         if (key.index == TLS_OUT_OF_INDEXES || !key.destroy) continue;
         void* value = TlsGetValue(key.index);
@@ -36,7 +44,13 @@ void EndThread() {
     }
 }
 
-}  // namespace
+void EndRuntime() noexcept {
+    EndRuntimeThread();
+    for (const Key& key : keys)
+        if (key.index != TLS_OUT_OF_INDEXES) TlsFree(key.index);
+}
+
+}  // namespace vintrel::com
 
 extern "C" {
 
@@ -83,16 +97,6 @@ void* pthread_getspecific(unsigned index) {
 }
 int pthread_setspecific(unsigned index, const void* value) {
     return FindKey(index) && TlsSetValue(index, const_cast<void*>(value)) ? 0 : ERROR_INVALID_PARAMETER;  // NOLINT
-}
-
-BOOL WINAPI DllMain(HINSTANCE, DWORD reason, LPVOID process_ends) {
-    if (reason == DLL_THREAD_DETACH) EndThread();
-    if (reason == DLL_PROCESS_DETACH && !process_ends) {
-        EndThread();
-        for (const Key& key : keys)
-            if (key.index != TLS_OUT_OF_INDEXES) TlsFree(key.index);
-    }
-    return TRUE;
 }
 
 }  // extern "C"
