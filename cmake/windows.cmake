@@ -26,6 +26,7 @@ add_library(vintrel_surface STATIC ${surface_dir}/Vintrel_i.c ${surface_dir}/Vin
 target_include_directories(vintrel_surface SYSTEM INTERFACE ${surface_dir})
 
 # --- The platform edge: every file that talks to Windows below the COM skin ------------------------------------------
+file(GLOB edge_sources CONFIGURE_DEPENDS win32/*.cpp)
 add_library(vintrel_edge STATIC ${edge_sources})
 target_link_libraries(vintrel_edge PUBLIC vintrel_core user32 gdi32 advapi32 winhttp ws2_32)
 
@@ -60,8 +61,13 @@ foreach(part vintrel_core vintrel_edge Vintrel)
     target_compile_options(${part} PRIVATE $<${release}:-fno-asynchronous-unwind-tables>)
   endif()
 endforeach()
-file(GLOB fast_sources CONFIGURE_DEPENDS cdr/*.cpp)
-list(APPEND fast_sources server/text.cpp server/catalogue.cpp server/type_code.cpp com/com_events_rx.cpp com/strings.cpp)
+# The core asks no object for its type.
+target_compile_options(vintrel_core PRIVATE $<${release}:-fno-rtti>)
+file(GLOB fast_sources CONFIGURE_DEPENDS records/*.cpp exchanges/*/call_records.cpp)
+list(APPEND fast_sources text/text.cpp text/dates.cpp server/call_records.cpp server/type_code.cpp
+  exchanges/alcatel.cpp exchanges/algoral.cpp exchanges/avaya_integral2.cpp exchanges/catalogue.cpp exchanges/wildix.cpp
+  exchanges/innovaphone/record_keys.cpp exchanges/innovaphone/reference_table.cpp
+  exchanges/ip_office/continuation_table.cpp com/com_events_rx.cpp com/strings.cpp)
 set_property(SOURCE ${fast_sources} APPEND PROPERTY COMPILE_OPTIONS "$<$<CONFIG:Release>:-O2;-falign-loops=32>")
 
 # The symbols stay beside the DLL that ships. Each of the tools would write the present time into the file.

@@ -17,8 +17,8 @@
 #include "com/guarded.h"
 #include "com/server_instance.h"
 #include "com/strings.h"
-#include "server/text.h"
 #include "server/type_code.h"
+#include "text/text.h"
 
 namespace vintrel::com {
 
@@ -51,17 +51,17 @@ class Argument<server::TypeCode> {
 };
 
 template <>
-class Argument<server::InOutText&> {
+class Argument<text::InOutText&> {
  public:
     explicit Argument(BSTR* string) : string_(string), text_(com::View(*string)) {}
-    server::InOutText& Value() { return text_; }
+    text::InOutText& Value() { return text_; }
     void WriteBack() {
         if (text_.Replaced()) Rewrite(string_, text_);
     }
 
  private:
     BSTR* string_;
-    server::InOutText text_;
+    text::InOutText text_;
 };
 
 template <>

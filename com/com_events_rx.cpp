@@ -1,13 +1,11 @@
 // The class ComEventsRX: received frames and call records. Each operation calls the core function of its name.
 #include "Vintrel.h"
-#include "cdr/convert.h"
 #include "com/automation.h"
-#include "rx/external_transfer.h"
-#include "rx/framing.h"
-#include "rx/login.h"
-#include "rx/room_events.h"
-#include "rx/set_clock.h"
-#include "rx/wake_up_events.h"
+#include "server/call_records.h"
+#include "server/external_transfer.h"
+#include "server/framing.h"
+#include "server/login.h"
+#include "server/received_frames.h"
 
 namespace vintrel::com {
 namespace {
@@ -17,66 +15,66 @@ class ComEventsRX final : public Automation<_ComEventsRX> {
     using Automation::Automation;
 
     STDMETHODIMP GetComLngEndReadRx(BSTR* TypeX, long* result) noexcept override {
-        return Answer(result, rx::GetComLngEndReadRx, TypeX);
+        return Answer(result, server::GetComLngEndReadRx, TypeX);
     }
     STDMETHODIMP GetComEtxEndReadRx(BSTR* TypeX, BSTR* result) noexcept override {
-        return Answer(result, rx::GetComEtxEndReadRx, TypeX);
+        return Answer(result, server::GetComEtxEndReadRx, TypeX);
     }
     STDMETHODIMP GetComEtxEndReadRx2(BSTR* TypeX, BSTR* result) noexcept override {
-        return Answer(result, rx::GetComEtxEndReadRx2, TypeX);
+        return Answer(result, server::GetComEtxEndReadRx2, TypeX);
     }
     STDMETHODIMP GetComACKRx(BSTR* TypeX, BSTR* result) noexcept override {
-        return Answer(result, rx::GetComACKRx, TypeX);
+        return Answer(result, server::GetComACKRx, TypeX);
     }
     STDMETHODIMP GetRepeatErrorEventRX(BSTR* TypeX, short* result) noexcept override {
-        return Answer(result, rx::GetRepeatErrorEventRX, TypeX);
+        return Answer(result, server::GetRepeatErrorEventRX, TypeX);
     }
     STDMETHODIMP GetIPXComColumn(BSTR* TypeX, short* result) noexcept override {
-        return Answer(result, rx::GetIPXComColumn, TypeX);
+        return Answer(result, server::GetIPXComColumn, TypeX);
     }
     STDMETHODIMP GetIPXComSpace(BSTR* TypeX, short* result) noexcept override {
-        return Answer(result, rx::GetIPXComSpace, TypeX);
+        return Answer(result, server::GetIPXComSpace, TypeX);
     }
     STDMETHODIMP GetIPXComComma(BSTR* TypeX, short* result) noexcept override {
-        return Answer(result, rx::GetIPXComComma, TypeX);
+        return Answer(result, server::GetIPXComComma, TypeX);
     }
     STDMETHODIMP GetComIsRoomState(BSTR* TypeX, BSTR* InstringX, short* result) noexcept override {
-        return Answer(result, rx::GetComIsRoomState, TypeX, InstringX);
+        return Answer(result, server::GetComIsRoomState, TypeX, InstringX);
     }
     STDMETHODIMP GetComIsRoomAlarm(BSTR* TypeX, BSTR* InstringX, short* result) noexcept override {
-        return Answer(result, rx::GetComIsRoomAlarm, TypeX, InstringX);
+        return Answer(result, server::GetComIsRoomAlarm, TypeX, InstringX);
     }
     STDMETHODIMP GetComIsConfirmClock(BSTR* TypeX, BSTR* InstringX, short* result) noexcept override {
-        return Answer(result, rx::GetComIsConfirmClock, TypeX, InstringX);
+        return Answer(result, server::GetComIsConfirmClock, TypeX, InstringX);
     }
     STDMETHODIMP GetComIsSetClock(BSTR* TypeX, BSTR* InstringX, short* result) noexcept override {
-        return Answer(result, rx::GetComIsSetClock, TypeX, InstringX);
+        return Answer(result, server::GetComIsSetClock, TypeX, InstringX);
     }
     STDMETHODIMP ComEventRequestLogInRX(BSTR* TypeX, BSTR* result) noexcept override {
-        return Answer(result, rx::ComEventRequestLogInRX, TypeX);
+        return Answer(result, server::ComEventRequestLogInRX, TypeX);
     }
     STDMETHODIMP ComEventConfirmLogInRX(BSTR* TypeX, BSTR* result) noexcept override {
-        return Answer(result, rx::ComEventConfirmLogInRX, TypeX);
+        return Answer(result, server::ComEventConfirmLogInRX, TypeX);
     }
     STDMETHODIMP CheckExternalTransfert(long* UserS, BSTR* DateS, BSTR* TimeS, long* DurationS, BSTR* DirectionS,
                                         BSTR* ConditionS, BSTR* PABXType, short* result) noexcept override {
-        return Answer(result, rx::CheckExternalTransfert, UserS, DateS, TimeS, DurationS, DirectionS, ConditionS,
+        return Answer(result, server::CheckExternalTransfert, UserS, DateS, TimeS, DurationS, DirectionS, ConditionS,
                       PABXType);
     }
     STDMETHODIMP GetComConvertSetClockRX(BSTR* TypeX, BSTR* StringX, BSTR* result) noexcept override {
-        return Answer(result, rx::GetComConvertSetClockRX, TypeX, StringX);
+        return Answer(result, server::GetComConvertSetClockRX, TypeX, StringX);
     }
     STDMETHODIMP GetComConvertStringRX(BSTR* TypeX, BSTR* StringX, BSTR* result) noexcept override {
-        return Answer(result, cdr::GetComConvertStringRX, TypeX, StringX);
+        return Answer(result, server::GetComConvertStringRX, TypeX, StringX);
     }
     STDMETHODIMP GetComConvertRoomStateRX(BSTR* TypeX, BSTR* StringX, BSTR* result) noexcept override {
-        return Answer(result, rx::GetComConvertRoomStateRX, TypeX, StringX);
+        return Answer(result, server::GetComConvertRoomStateRX, TypeX, StringX);
     }
     STDMETHODIMP GetComConvertRoomAlarmRX(BSTR* TypeX, BSTR* StringX, BSTR* result) noexcept override {
-        return Answer(result, rx::GetComConvertRoomAlarmRX, TypeX, StringX);
+        return Answer(result, server::GetComConvertRoomAlarmRX, TypeX, StringX);
     }
     STDMETHODIMP GetComConvertConfirmClockRX(BSTR* TypeX, BSTR* StringX, BSTR* result) noexcept override {
-        return Answer(result, rx::GetComConvertConfirmClockRX, TypeX, StringX);
+        return Answer(result, server::GetComConvertConfirmClockRX, TypeX, StringX);
     }
 };
 

@@ -1,9 +1,8 @@
 // The class ComEventsTX: pacing and orders. Each operation calls the core function of its name.
 #include "Vintrel.h"
 #include "com/automation.h"
-#include "tx/guests.h"
-#include "tx/pacing.h"
-#include "tx/wake_up.h"
+#include "server/orders.h"
+#include "server/pacing.h"
 
 namespace vintrel::com {
 namespace {
@@ -13,49 +12,49 @@ class ComEventsTX final : public Automation<_ComEventsTX> {
     using Automation::Automation;
 
     STDMETHODIMP ComPortTxWaitConfirm(BSTR* TypeX, short* result) noexcept override {
-        return Answer(result, tx::ComPortTxWaitConfirm, TypeX);
+        return Answer(result, server::ComPortTxWaitConfirm, TypeX);
     }
     STDMETHODIMP ComPortTXIntervalWithWait(BSTR* TypeX, long* result) noexcept override {
-        return Answer(result, tx::ComPortTXIntervalWithWait, TypeX);
+        return Answer(result, server::ComPortTXIntervalWithWait, TypeX);
     }
     STDMETHODIMP ComPortTXInterval(BSTR* TypeX, long* result) noexcept override {
-        return Answer(result, tx::ComPortTXInterval, TypeX);
+        return Answer(result, server::ComPortTXInterval, TypeX);
     }
     STDMETHODIMP ComEventConfirmDataRecordTX(BSTR* TypeX, BSTR* result) noexcept override {
-        return Answer(result, tx::ComEventConfirmDataRecordTX, TypeX);
+        return Answer(result, server::ComEventConfirmDataRecordTX, TypeX);
     }
     STDMETHODIMP ComEventErrorHandleTX(BSTR* TypeX, BSTR* result) noexcept override {
-        return Answer(result, tx::ComEventErrorHandleTX, TypeX);
+        return Answer(result, server::ComEventErrorHandleTX, TypeX);
     }
     STDMETHODIMP ComEventRequestLogInTX(BSTR* TypeX, BSTR* result) noexcept override {
-        return Answer(result, tx::ComEventRequestLogInTX, TypeX);
+        return Answer(result, server::ComEventRequestLogInTX, TypeX);
     }
     STDMETHODIMP ComEventConfirmLogInTX(BSTR* TypeX, BSTR* result) noexcept override {
-        return Answer(result, tx::ComEventConfirmLogInTX, TypeX);
+        return Answer(result, server::ComEventConfirmLogInTX, TypeX);
     }
     STDMETHODIMP ComEventDtrRtsEnabled(BSTR* TypeX, short* result) noexcept override {
-        return Answer(result, tx::ComEventDtrRtsEnabled, TypeX);
+        return Answer(result, server::ComEventDtrRtsEnabled, TypeX);
     }
     STDMETHODIMP ComEventPrimaryTX(BSTR* TypeX, BSTR* result) noexcept override {
-        return Answer(result, tx::ComEventPrimaryTX, TypeX);
+        return Answer(result, server::ComEventPrimaryTX, TypeX);
     }
     STDMETHODIMP ComEventAfterTX(BSTR* TypeX, BSTR* result) noexcept override {
-        return Answer(result, tx::ComEventAfterTX, TypeX);
+        return Answer(result, server::ComEventAfterTX, TypeX);
     }
     STDMETHODIMP ComEventClockTX(BSTR* TypeX, long* UserX, BSTR* TimeX, BSTR* DateX, short* WakeUpMode,
                                  short* LanguageX, BSTR* result) noexcept override {
-        return Answer(result, tx::ComEventClockTX, TypeX, UserX, TimeX, DateX, WakeUpMode, LanguageX);
+        return Answer(result, server::ComEventClockTX, TypeX, UserX, TimeX, DateX, WakeUpMode, LanguageX);
     }
     STDMETHODIMP ComEventCheckInTX(BSTR* TypeX, long* UserX, BSTR* NameX, short* LanguageX, short* ChangeNameEnabled,
                                    BSTR* result) noexcept override {
-        return Answer(result, tx::ComEventCheckInTX, TypeX, UserX, NameX, LanguageX, ChangeNameEnabled);
+        return Answer(result, server::ComEventCheckInTX, TypeX, UserX, NameX, LanguageX, ChangeNameEnabled);
     }
     STDMETHODIMP ComEventCheckOutTX(BSTR* TypeX, long* UserX, short* ChangeNameEnabled,
                                     BSTR* result) noexcept override {
-        return Answer(result, tx::ComEventCheckOutTX, TypeX, UserX, ChangeNameEnabled);
+        return Answer(result, server::ComEventCheckOutTX, TypeX, UserX, ChangeNameEnabled);
     }
     STDMETHODIMP ComEventUserNameTX(BSTR* TypeX, long* UserX, BSTR* NameZ, BSTR* result) noexcept override {
-        return Answer(result, tx::ComEventUserNameTX, TypeX, UserX, NameZ);
+        return Answer(result, server::ComEventUserNameTX, TypeX, UserX, NameZ);
     }
 };
 

@@ -1,7 +1,7 @@
 // The class ComProgramSet: the link of each model. Each operation calls the core function of its name.
 #include "Vintrel.h"
 #include "com/automation.h"
-#include "server/link_parameters.h"
+#include "server/link.h"
 
 namespace vintrel::com {
 namespace {

@@ -5,7 +5,8 @@
 #include <new>
 #include <string>
 
-#include "server/operation_error.h"
+#include "platform/operation_error.h"
+#include "win32/wide.h"
 
 namespace vintrel::com {
 namespace {
@@ -25,8 +26,6 @@ void SetDescription(const ClassEntry& entry, const wchar_t* source, const wchar_
     creation->Release();
 }
 
-const wchar_t* Wide(const std::u16string& text) { return reinterpret_cast<const wchar_t*>(text.c_str()); }
-
 }  // namespace
 
 HRESULT Failure(const ClassEntry& entry, HRESULT result, const wchar_t* description) noexcept {
@@ -37,8 +36,9 @@ HRESULT Failure(const ClassEntry& entry, HRESULT result, const wchar_t* descript
 HRESULT CurrentFailure(const ClassEntry& entry) noexcept {
     try {
         throw;
-    } catch (const server::OperationError& error) {
-        SetDescription(entry, error.Source().empty() ? entry.prog_id : Wide(error.Source()), Wide(error.Description()));
+    } catch (const platform::OperationError& error) {
+        SetDescription(entry, error.Source().empty() ? entry.prog_id : win32::Wide(error.Source()),
+                       win32::Wide(error.Description()));
         return static_cast<HRESULT>(error.Result());
     } catch (const std::bad_alloc&) {
         return Failure(entry, E_OUTOFMEMORY, L"Out of memory.");

@@ -3,7 +3,7 @@
 #include <atomic>
 
 #include "com/server_instance.h"
-#include "server/module_win32.h"
+#include "win32/module.h"
 
 namespace vintrel::com {
 namespace {
@@ -16,7 +16,7 @@ std::atomic<long> locks = 0;
 std::wstring ModulePath() {
     std::wstring path(MAX_PATH, L'\0');
     for (;;) {
-        const DWORD length = GetModuleFileNameW(server::ThisModule(), path.data(), static_cast<DWORD>(path.size()));
+        const DWORD length = GetModuleFileNameW(win32::ThisModule(), path.data(), static_cast<DWORD>(path.size()));
         if (length < path.size()) {
             path.resize(length);
             return path;

@@ -1,7 +1,7 @@
 // The class PMSEvents: FIAS link records. Each operation calls the core function of its name.
 #include "Vintrel.h"
 #include "com/automation.h"
-#include "pms/fias_link.h"
+#include "exchanges/fias/link_records.h"
 
 namespace vintrel::com {
 namespace {
@@ -10,15 +10,23 @@ class PMSEvents final : public Automation<_PMSEvents> {
  public:
     using Automation::Automation;
 
-    STDMETHODIMP GetPMS_LS_String(BSTR* result) noexcept override { return Answer(result, pms::GetPMS_LS_String); }
-    STDMETHODIMP GetPMS_LA_String(BSTR* result) noexcept override { return Answer(result, pms::GetPMS_LA_String); }
-    STDMETHODIMP GetPMS_LE_String(BSTR* result) noexcept override { return Answer(result, pms::GetPMS_LE_String); }
-    STDMETHODIMP GetPMS_DE_String(BSTR* result) noexcept override { return Answer(result, pms::GetPMS_DE_String); }
+    STDMETHODIMP GetPMS_LS_String(BSTR* result) noexcept override {
+        return Answer(result, exchanges::fias::GetPMS_LS_String);
+    }
+    STDMETHODIMP GetPMS_LA_String(BSTR* result) noexcept override {
+        return Answer(result, exchanges::fias::GetPMS_LA_String);
+    }
+    STDMETHODIMP GetPMS_LE_String(BSTR* result) noexcept override {
+        return Answer(result, exchanges::fias::GetPMS_LE_String);
+    }
+    STDMETHODIMP GetPMS_DE_String(BSTR* result) noexcept override {
+        return Answer(result, exchanges::fias::GetPMS_DE_String);
+    }
     STDMETHODIMP GetPMS_ColumnData(BSTR* PMSString, BSTR* PMSColumn, BSTR* result) noexcept override {
-        return Answer(result, pms::GetPMS_ColumnData, PMSString, PMSColumn);
+        return Answer(result, exchanges::fias::GetPMS_ColumnData, PMSString, PMSColumn);
     }
     STDMETHODIMP GetPMS_PSConfirm(BSTR* PSString, BSTR* result) noexcept override {
-        return Answer(result, pms::GetPMS_PSConfirm, PSString);
+        return Answer(result, exchanges::fias::GetPMS_PSConfirm, PSString);
     }
 };
 

@@ -1,7 +1,7 @@
 // The class ServiceEnabled: hotel services of each model. Each operation calls the core function of its name.
 #include "Vintrel.h"
 #include "com/automation.h"
-#include "server/capabilities.h"
+#include "server/services.h"
 
 namespace vintrel::com {
 namespace {

@@ -17,7 +17,7 @@ void Shorten(BSTR string, std::size_t length) {
 
 }  // namespace
 
-void Rewrite(BSTR* string, const server::InOutText& text) {
+void Rewrite(BSTR* string, const text::InOutText& text) {
     const std::u16string_view front = text.Front();
     const std::u16string_view part = text.View();
     const std::size_t length = front.size() + part.size();

@@ -9,7 +9,7 @@
 #include <new>
 #include <string_view>
 
-#include "server/text.h"
+#include "text/text.h"
 
 namespace vintrel::com {
 
@@ -33,6 +33,6 @@ inline std::u16string_view View(const OLECHAR* string) {
 
 /// The caller's variable becomes the text, which may be a part of what it holds. What becomes no longer stays where it
 /// is.
-void Rewrite(BSTR* string, const server::InOutText& text);
+void Rewrite(BSTR* string, const text::InOutText& text);
 
 }  // namespace vintrel::com

@@ -2,14 +2,15 @@
 
 #include <string>
 
-#include "server/text.h"
+#include "text/numbers.h"
+#include "text/text.h"
 
 namespace vintrel::server {
 
-void ErrorReport(CriticalMessage& message, std::int32_t number, std::u16string_view procedure) {
-    const std::u16string text = std::u16string(procedure) + u": FATAL ERROR !";
-    const std::u16string title = u"QUINDARA PABX COM SERVER   " + DecimalText(number);
-    message.Show(text, title);
+void ErrorReport(platform::CriticalMessage& message, std::int32_t number, std::u16string_view procedure) {
+    const std::u16string body = std::u16string(procedure) + u": FATAL ERROR !";
+    const std::u16string title = u"QUINDARA PABX COM SERVER   " + text::DecimalText(number);
+    message.Show(body, title);
 }
 
 }  // namespace vintrel::server

@@ -4,12 +4,12 @@
 #include <cstdint>
 #include <string_view>
 
-#include "server/platform.h"
+#include "platform/desktop.h"
 
 namespace vintrel::server {
 
 /// Shows "procedure: FATAL ERROR !" under the title "QUINDARA PABX COM SERVER   number" and returns when the operator
 /// has closed the box.
-void ErrorReport(CriticalMessage& message, std::int32_t number, std::u16string_view procedure);
+void ErrorReport(platform::CriticalMessage& message, std::int32_t number, std::u16string_view procedure);
 
 }  // namespace vintrel::server

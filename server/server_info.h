@@ -4,8 +4,8 @@
 #include <cstdint>
 #include <string_view>
 
-#include "server/platform.h"
-#include "server/settings.h"
+#include "platform/desktop.h"
+#include "platform/settings.h"
 #include "server/type_code.h"
 
 namespace vintrel::server {
@@ -23,6 +23,7 @@ std::u16string_view GetPabxTypeName(TypeCode type);
 
 /// Shows the list window, modeless. A double click on it opens the help page that is set at that moment.
 /// `settings` and `help_viewer` must outlive the window.
-void GetPabxTypeList(const Settings& settings, SupportListWindow& window, HelpViewer& help_viewer);
+void GetPabxTypeList(const platform::Settings& settings, platform::SupportListWindow& window,
+                     platform::HelpViewer& help_viewer);
 
 }  // namespace vintrel::server

@@ -6,10 +6,9 @@
 #include <cstdlib>
 #include <string>
 
-#include "cdr/convert.h"
-#include "server/catalogue.h"
-#include "server/control_characters.h"
-#include "tests/unit/fakes.h"
+#include "server/call_records.h"
+#include "tests/unit/test_server.h"
+#include "text/control_characters.h"
 
 namespace {
 
@@ -19,18 +18,15 @@ void Demand(bool holds) {
     if (!holds) std::abort();
 }
 
-void ConvertOne(server::Model model, std::u16string_view text, cdr::CallRecordState& state) {
-    const testing::FakeClock clock;
-    testing::FakeMessage message;
-    server::InOutText record(text);
-    const cdr::GdvRecord converted =
-        cdr::GetComConvertStringRX(server::ModelCode(model), record, state, {}, clock, message);
+void ConvertOne(std::u16string_view code, std::u16string_view text, testing::TestServer& server) {
+    text::InOutText record(text);
+    const records::GdvRecord converted =
+        vintrel::server::GetComConvertStringRX(code, record, server.exchanges, server.message);
     const std::u16string_view result = converted;
-    Demand(message.texts.empty());
-    Demand(
-        result == std::u16string_view(&server::kDle, 1) ||
-        (result.size() >= 2 && result.size() <= 87 && result.front() == server::kStx && result.back() == server::kEtx));
-    Demand(!record.Replaced() || model == server::Model::Type10003 || model == server::Model::Type10010);
+    Demand(server.message.texts.empty());
+    Demand(result == std::u16string_view(&text::kDle, 1) ||
+           (result.size() >= 2 && result.size() <= 87 && result.front() == text::kStx && result.back() == text::kEtx));
+    Demand(!record.Replaced() || code == u"TYPE10003" || code == u"TYPE10010");
 }
 
 }  // namespace
@@ -38,13 +34,13 @@ void ConvertOne(server::Model model, std::u16string_view text, cdr::CallRecordSt
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     constexpr char16_t kBetweenRecords = 30;
     if (size == 0) return 0;
-    const auto model =
-        static_cast<server::Model>((data[0] + server::kModelCount - 'A' % server::kModelCount) % server::kModelCount);
+    const auto models = exchanges::Models();
+    const exchanges::Model& model = *models[(data[0] + models.size() - 'A' % models.size()) % models.size()];
     const std::u16string records(data + 1, data + size);
-    cdr::CallRecordState state;
+    testing::TestServer server;
     for (std::size_t start = 0, end = 0; end < records.size() || start == 0; start = end + 1) {
         end = std::min(records.find(kBetweenRecords, start), records.size());
-        ConvertOne(model, std::u16string_view(records).substr(start, end - start), state);
+        ConvertOne(model.code, std::u16string_view(records).substr(start, end - start), server);
     }
     return 0;
 }

@@ -6,13 +6,10 @@
 #include <cstdlib>
 #include <string>
 
-#include "pms/fias_link.h"
-#include "rx/room_events.h"
-#include "rx/set_clock.h"
-#include "rx/wake_up_events.h"
-#include "server/catalogue.h"
-#include "server/operation_error.h"
-#include "tests/unit/fakes.h"
+#include "exchanges/fias/link_records.h"
+#include "platform/operation_error.h"
+#include "server/received_frames.h"
+#include "tests/unit/test_server.h"
 
 namespace {
 
@@ -24,7 +21,7 @@ void Demand(bool holds) {
 
 /// The code is upper-cased in place by every operation: each asks with its own.
 struct Code : std::u16string {
-    using std::u16string::u16string;
+    explicit Code(std::u16string code) : std::u16string(std::move(code)) {}
     operator server::TypeCode() { return {data(), size()}; }
 };
 
@@ -33,41 +30,41 @@ void DemandForm(bool recognised, std::u16string_view form, std::size_t length, b
     Demand(form.empty() || (form.size() == length && of_the_same_kind));
 }
 
-void JudgeFrame(server::Model model, std::u16string_view frame, const server::Settings& settings) {
-    Code code(server::ModelCode(model));
+void JudgeFrame(const exchanges::Model& model, std::u16string_view frame, testing::TestServer& server) {
+    using namespace vintrel::server;  // NOLINT(google-build-using-namespace): the operations
+    Code code{std::u16string(model.code)};
     Code host(u"TYPE10001");
-    const bool integral =
-        model == server::Model::Type10001 || model == server::Model::Type10002 || model == server::Model::Type10007;
-    const testing::FakeClock clock;
-    testing::FakeMessage message;
+    const exchanges::Exchanges& all = server.exchanges;
+    platform::CriticalMessage& message = server.message;
+    const bool integral = all.Find(model.code)->SpeaksTheHostsForm();
 
-    const auto state = rx::GetComConvertRoomStateRX(code, frame, settings, message);
-    DemandForm(rx::GetComIsRoomState(code, frame, settings) == 1, state, integral ? state.size() : 14,
-               rx::GetComIsRoomState(host, state, settings) == 1);
+    const auto state = GetComConvertRoomStateRX(code, frame, all, message);
+    DemandForm(GetComIsRoomState(code, frame, all) == 1, state, integral ? state.size() : 14,
+               GetComIsRoomState(host, state, all) == 1);
 
-    const auto alarm = rx::GetComConvertRoomAlarmRX(code, frame, settings, message);
-    DemandForm(rx::GetComIsRoomAlarm(code, frame, settings) == 1, alarm, integral ? alarm.size() : 14,
-               rx::GetComIsRoomAlarm(host, alarm, settings) == 1);
+    const auto alarm = GetComConvertRoomAlarmRX(code, frame, all, message);
+    DemandForm(GetComIsRoomAlarm(code, frame, all) == 1, alarm, integral ? alarm.size() : 14,
+               GetComIsRoomAlarm(host, alarm, all) == 1);
 
-    const auto confirmation = rx::GetComConvertConfirmClockRX(code, frame, settings, message);
-    const int kind = rx::GetComIsConfirmClock(code, frame, settings);
-    DemandForm(kind == 1 || (kind == 2 && model == server::Model::Type10019), confirmation, 10,
-               rx::GetComIsConfirmClock(host, confirmation, settings) == 1);
+    const auto confirmation = GetComConvertConfirmClockRX(code, frame, all, message);
+    const int kind = GetComIsConfirmClock(code, frame, all);
+    DemandForm(kind == 1 || (kind == 2 && model.code == u"TYPE10019"), confirmation, 10,
+               GetComIsConfirmClock(host, confirmation, all) == 1);
 
-    const auto setting = rx::GetComConvertSetClockRX(code, frame, clock, message);
-    const bool reports_settings = integral || model == server::Model::Type12000;
+    const auto setting = GetComConvertSetClockRX(code, frame, all, message);
+    const bool reports_settings = integral || model.code == u"TYPE12000";
     Demand(setting.empty() != reports_settings && setting.size() <= 32);
-    Demand(reports_settings || rx::GetComIsSetClock(code, frame) == 0);
-    Demand(message.texts.empty());
+    Demand(reports_settings || GetComIsSetClock(code, frame, all) == 0);
+    Demand(server.message.texts.empty());
 }
 
 void ReadFields(std::u16string_view text) {
     try {
-        server::InOutText record(text);
-        Demand(pms::GetPMS_PSConfirm(record).ends_with(u"|\x03"));
-        Demand(pms::GetPMS_ColumnData(record, u"|RN").size() < text.size() + 1);
-    } catch (const server::OperationError& error) {
-        Demand(error.Result() == server::kInvalidArgument);
+        text::InOutText record(text);
+        Demand(exchanges::fias::GetPMS_PSConfirm(record).ends_with(u"|\x03"));
+        Demand(exchanges::fias::GetPMS_ColumnData(record, u"|RN").size() < text.size() + 1);
+    } catch (const platform::OperationError& error) {
+        Demand(error.Result() == platform::kInvalidArgument);
     }
 }
 
@@ -75,19 +72,20 @@ void ReadFields(std::u16string_view text) {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     if (size == 0) return 0;
-    const auto model =
-        static_cast<server::Model>((data[0] + server::kModelCount - 'A' % server::kModelCount) % server::kModelCount);
+    const auto models = exchanges::Models();
+    const exchanges::Model& model = *models[(data[0] + models.size() - 'A' % models.size()) % models.size()];
     std::u16string frame;
     for (std::size_t i = 1; i < size; ++i) {
         const auto character = static_cast<char16_t>(data[i]);
         frame += character < 128 ? character : static_cast<char16_t>(character * 257);
     }
-    server::Settings settings;
-    settings.RoomStatusCleanCdpn = u"90";
-    settings.RoomStatusNotCleanCdpn = u"91";
-    settings.RoomStatusAlarmCdpn = u"95";
-    settings.WakeupResponseH323 = u"Hotel";
-    JudgeFrame(model, frame, settings);
+    testing::TestServer server;
+    server.Ini(u"ROOMSTATUS_CLEAN", u"dst_cdpn") = u"90";
+    server.Ini(u"ROOMSTATUS_NOTCLEAN", u"dst_cdpn") = u"91";
+    server.Ini(u"ROOMSTATUS_ALARM", u"dst_cdpn") = u"95";
+    server.Ini(u"WAKEUP_RESPONSE", u"h323") = u"Hotel";
+    server.Initialize(u"TYPE10012");
+    JudgeFrame(model, frame, server);
     ReadFields(frame);
     return 0;
 }

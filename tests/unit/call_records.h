@@ -8,10 +8,10 @@
 #include <string_view>
 #include <utility>
 
-#include "cdr/convert.h"
-#include "cdr/gdv_filter.h"
-#include "fakes.h"
 #include "printing.h"
+#include "server/call_records.h"
+#include "server/gdv_filter.h"
+#include "test_server.h"
 
 namespace vintrel::testing {
 
@@ -19,12 +19,12 @@ namespace vintrel::testing {
 /// has one; blanks trimmed and empty columns as "-"; "rejected" for the marker; a record of another length as it
 /// stands.
 inline std::string Fields(std::u16string_view record) {
-    using namespace cdr;  // NOLINT(google-build-using-namespace): the 34 accessors
+    using namespace server;  // NOLINT(google-build-using-namespace): the 34 accessors
     if (record == u"\x10") return "rejected";
     if (record.size() != static_cast<std::size_t>(GetGdvRealStringLen())) return "short: " + Shown(record);
-    const auto body = server::Mid(record, GetGdvRealStringLenStart(), GetGdvRealStringLenStop());
+    const auto body = text::Mid(record, GetGdvRealStringLenStart(), GetGdvRealStringLenStop());
     const auto field = [&](std::int16_t start, std::int16_t length) {
-        const std::string text = Shown(server::Trim(server::Mid(body, start, length)));
+        const std::string text = Shown(text::Trim(text::Mid(body, start, length)));
         return text.empty() ? "-" : text;
     };
     const std::string mac = field(GetGdvMacAddressLenStart(), GetGdvMacAddressLenStop());
@@ -43,27 +43,23 @@ inline std::string Fields(std::u16string_view record) {
 }
 
 /// One model's link: what conversions remember stays from record to record.
-class Link {
+class Link : public TestServer {
  public:
     explicit Link(std::u16string_view type) : type_(type) {}
 
     std::u16string Raw(std::u16string_view text) {
-        server::InOutText record(text);
-        const cdr::GdvRecord converted = cdr::GetComConvertStringRX(type_, record, state_, settings, clock, message);
+        text::InOutText record(text);
+        const records::GdvRecord converted = server::GetComConvertStringRX(type_, record, exchanges, message);
         caller_text = record.Front();
         caller_text += record.View();
         return std::u16string(converted.View());
     }
     std::string Convert(std::u16string_view text) { return Fields(Raw(text)); }
 
-    server::Settings settings;
-    FakeClock clock;
-    FakeMessage message;
     std::u16string caller_text;  ///< the caller's variable after the last conversion
 
  private:
     std::u16string type_;
-    cdr::CallRecordState state_;
 };
 
 using Texts = std::initializer_list<std::pair<std::size_t, std::u16string_view>>;

@@ -9,7 +9,7 @@
 #include "allocations.h"
 #include "call_records.h"
 
-namespace vintrel::cdr {
+namespace vintrel::server {
 namespace {
 
 using testing::Link;
@@ -72,15 +72,12 @@ TEST(Captures, AConversionTakesNothingFromTheHeap) {
         {u"TYPE10004", "mitel_pc4.txt"},      {u"TYPE10009", "alcatel_oxo.txt"}, {u"TYPE10003", "avaya_integral2.txt"},
         {u"TYPE10001", "avaya_integral.txt"}, {u"TYPE10019", "panasonic.txt"},   {u"TYPE10013", "wildix.txt"},
         {u"TYPE10020", "grandstream.txt"},    {u"TYPE10010", "algoral.txt"},     {u"TYPE12000", "fias_posting.txt"}};
-    const testing::FakeClock clock;
-    testing::FakeMessage message;
     for (const auto& [type, file] : captures) {
-        CallRecordState state;
-        const server::Settings settings;
+        testing::TestServer server;
         for (const auto& text : Records(kSamples / file, u"\n")) {
-            server::InOutText record(text);
+            text::InOutText record(text);
             const std::size_t before = testing::Allocations();
-            GetComConvertStringRX(type, record, state, settings, clock, message);
+            GetComConvertStringRX(type, record, server.exchanges, server.message);
             EXPECT_EQ(testing::Allocations(), before) << file;
         }
     }
@@ -113,8 +110,8 @@ TEST(Captures, WhatNoExchangeSendsHasABoundedAnswer) {
     inputs.push_back(std::u16string(140, u'-') + u"\r\n");
     for (const char16_t character : {u'\0', u' ', u',', u':', u'7', u'|', u'\xFFFF'})
         inputs.emplace_back(1 << 20, character);
-    for (std::size_t model = 0; model < server::kModelCount; ++model) {
-        const auto type = server::ModelCode(static_cast<server::Model>(model));
+    for (const exchanges::Model* model : exchanges::Models()) {
+        const std::u16string_view type = model->code;
         Link link(type);
         for (const std::u16string& input : inputs) {
             const std::u16string result = link.Raw(input);
@@ -126,4 +123,4 @@ TEST(Captures, WhatNoExchangeSendsHasABoundedAnswer) {
 }
 
 }  // namespace
-}  // namespace vintrel::cdr
+}  // namespace vintrel::server

@@ -1,4 +1,4 @@
-#include "server/desktop_win32.h"
+#include "win32/desktop.h"
 
 #include <gtest/gtest.h>
 
@@ -7,9 +7,9 @@
 #include <string>
 
 #include "server/error_report.h"
-#include "server/support_list_win32.h"
+#include "win32/support_list.h"
 
-namespace vintrel::server {
+namespace vintrel::win32 {
 namespace {
 
 /// A service's surroundings: a window station that nobody sees. What goes to the debugger output is collected.
@@ -54,16 +54,16 @@ std::string WithoutDesktop::debug_output;
 TEST_F(WithoutDesktop, TheErrorReportGoesToTheDebuggerOutput) {
     ASSERT_NE(service_station, nullptr);
     EXPECT_FALSE(HasDesktop());
-    Win32CriticalMessage message;
-    ErrorReport(message, 0, u"InitializeServer");
+    CriticalMessage message;
+    server::ErrorReport(message, 0, u"InitializeServer");
     EXPECT_EQ(debug_output, "QUINDARA PABX COM SERVER   0: InitializeServer: FATAL ERROR !\n");
 }
 
 TEST_F(WithoutDesktop, TheListWindowDoesNotOpen) {
-    Win32SupportList list;
+    SupportList list;
     list.Show({.caption = u"caption", .heading = {}, .tool_tip = {}, .lines = {u"line"}, .on_double_click = {}});
     EXPECT_FALSE(list.IsOpen());
 }
 
 }  // namespace
-}  // namespace vintrel::server
+}  // namespace vintrel::win32

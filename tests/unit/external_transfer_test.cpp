@@ -1,17 +1,17 @@
-#include "rx/external_transfer.h"
+#include "server/external_transfer.h"
 
 #include <gtest/gtest.h>
 
 #include <set>
 
+#include "exchanges/catalogue.h"
 #include "fakes.h"
 #include "printing.h"
-#include "server/catalogue.h"
 
-namespace vintrel::rx {
+namespace vintrel::server {
 namespace {
 
-using server::Timer;
+using platform::Timer;
 using testing::Shown;
 
 struct Record {
@@ -85,8 +85,8 @@ TEST_F(ExternalTransfer, AnUnknownCodeReplacesThePendingLeg) {
 TEST_F(ExternalTransfer, TheTimerClearsALoneLeg) {
     const std::set<std::u16string_view> four_seconds{u"TYPE10011", u"TYPE10012", u"TYPE10014", u"TYPE10015",
                                                      u"TYPE10016", u"TYPE10017", u"TYPE10019", u"TYPE10020"};
-    for (std::size_t i = 0; i < server::kModelCount; ++i) {
-        const std::u16string_view type = server::ModelCode(static_cast<server::Model>(i));
+    for (const exchanges::Model* model : exchanges::Models()) {
+        const std::u16string_view type = model->code;
         const int milliseconds = four_seconds.contains(type) ? 4000 : 5000;
         Check({}, u"0000", type);
         loop.WaitAndProcess(milliseconds - 1);
@@ -111,4 +111,4 @@ TEST_F(ExternalTransfer, EveryCallStartsTheIntervalAnewAndItEndsByTheClockWhenNo
 }
 
 }  // namespace
-}  // namespace vintrel::rx
+}  // namespace vintrel::server

@@ -9,11 +9,15 @@
 #include <tuple>
 #include <vector>
 
-#include "server/platform.h"
+#include "platform/ansi_text.h"
+#include "platform/clock.h"
+#include "platform/desktop.h"
+#include "platform/files.h"
+#include "platform/message_loop.h"
 
 namespace vintrel::testing {
 
-struct FakeMessage : server::CriticalMessage {
+struct FakeMessage : platform::CriticalMessage {
     void Show(std::u16string_view text, std::u16string_view title) override {
         texts.emplace_back(text);
         titles.emplace_back(title);
@@ -22,18 +26,18 @@ struct FakeMessage : server::CriticalMessage {
     std::vector<std::u16string> titles;
 };
 
-struct FakeClock : server::Clock {
-    server::DateTime LocalNow() const override { return now; }
+struct FakeClock : platform::Clock {
+    text::DateTime LocalNow() const override { return now; }
     std::int32_t AheadOfUtc() const override { return ahead_of_utc; }
     std::uint64_t Milliseconds() const override { return milliseconds; }
 
-    server::DateTime now{.year = 2026, .month = 11, .day = 15, .hour = 6, .minute = 0, .second = 0};
+    text::DateTime now{.year = 2026, .month = 11, .day = 15, .hour = 6, .minute = 0, .second = 0};
     std::int32_t ahead_of_utc = 7200;
     std::uint64_t milliseconds = 1000;
 };
 
 /// Waits pass in no time: the clock jumps to the next timer tick or scheduled event.
-struct FakeLoop : server::MessageLoop {
+struct FakeLoop : platform::MessageLoop {
     explicit FakeLoop(FakeClock& clock) : clock_(clock) {}
 
     /// Something that happens outside, `milliseconds` from now, while messages are processed.
@@ -54,13 +58,13 @@ struct FakeLoop : server::MessageLoop {
         clock_.milliseconds = std::max(clock_.milliseconds, until);
         RunUntil(clock_.milliseconds);
     }
-    void StartTimer(server::Timer timer, std::int32_t milliseconds, std::function<void()> on_tick) override {
+    void StartTimer(platform::Timer timer, std::int32_t milliseconds, std::function<void()> on_tick) override {
         State(timer) = {true, clock_.milliseconds + static_cast<std::uint64_t>(milliseconds), milliseconds,
                         std::move(on_tick)};
     }
-    void StopTimer(server::Timer timer) override { State(timer).running = false; }
-    bool TimerRunning(server::Timer timer) const override { return timers_[static_cast<std::size_t>(timer)].running; }
-    std::int32_t Interval(server::Timer timer) const { return timers_[static_cast<std::size_t>(timer)].interval; }
+    void StopTimer(platform::Timer timer) override { State(timer).running = false; }
+    bool TimerRunning(platform::Timer timer) const override { return timers_[static_cast<std::size_t>(timer)].running; }
+    std::int32_t Interval(platform::Timer timer) const { return timers_[static_cast<std::size_t>(timer)].interval; }
 
     int processed = 0;
 
@@ -72,7 +76,7 @@ struct FakeLoop : server::MessageLoop {
         std::function<void()> on_tick;
     };
 
-    TimerState& State(server::Timer timer) { return timers_[static_cast<std::size_t>(timer)]; }
+    TimerState& State(platform::Timer timer) { return timers_[static_cast<std::size_t>(timer)]; }
 
     void RunUntil(std::uint64_t now) {
         for (TimerState& timer : timers_) {
@@ -88,11 +92,11 @@ struct FakeLoop : server::MessageLoop {
     }
 
     FakeClock& clock_;
-    std::array<TimerState, server::kTimerCount> timers_;
+    std::array<TimerState, platform::kTimerCount> timers_;
     std::multimap<std::uint64_t, std::function<void()>> events_;
 };
 
-struct FakeIni : server::IniStore {
+struct FakeIni : platform::IniStore {
     std::u16string Read(std::u16string_view path, std::u16string_view section, std::u16string_view key) override {
         const auto found = values.find({std::u16string(path), std::u16string(section), std::u16string(key)});
         return found == values.end() ? std::u16string() : found->second;
@@ -106,7 +110,7 @@ struct FakeIni : server::IniStore {
     std::vector<std::u16string> written;
 };
 
-struct FakeFiles : server::Files {
+struct FakeFiles : platform::Files {
     bool Exists(std::u16string_view path) const override { return contents.contains(std::u16string(path)); }
     std::optional<std::vector<std::byte>> Read(std::u16string_view path, std::uint64_t offset,
                                                std::size_t count) const override {
@@ -123,7 +127,7 @@ struct FakeFiles : server::Files {
 };
 
 /// A code page of 256 characters with the same numbers.
-struct FakeAnsi : server::AnsiText {
+struct FakeAnsi : platform::AnsiText {
     std::string FromText(std::u16string_view text) const override {
         std::string bytes;
         for (const char16_t c : text) bytes += c < 256 ? static_cast<char>(c) : '?';

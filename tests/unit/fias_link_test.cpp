@@ -1,17 +1,17 @@
-#include "pms/fias_link.h"
+#include "exchanges/fias/link_records.h"
 
 #include <gtest/gtest.h>
 
 #include "fakes.h"
+#include "platform/operation_error.h"
 #include "printing.h"
-#include "server/operation_error.h"
 
-namespace vintrel::pms {
+namespace vintrel::exchanges::fias {
 namespace {
 
-using server::InOutText;
 using testing::Raw;
 using testing::Shown;
+using text::InOutText;
 
 TEST(FiasLink, LinkRecordsCarryTheLocalDateAndTime) {
     testing::FakeClock clock;
@@ -42,8 +42,8 @@ TEST(FiasLink, AColumnEndsAtTheNextBarAndTheRecordIsTrimmed) {
         std::string value;
         try {
             value = Shown(GetPMS_ColumnData(record, row.column));
-        } catch (const server::OperationError& error) {
-            EXPECT_EQ(error.Result(), server::kInvalidArgument);
+        } catch (const platform::OperationError& error) {
+            EXPECT_EQ(error.Result(), platform::kInvalidArgument);
             value = Shown(error.Description());
         }
         EXPECT_EQ(value, row.value);
@@ -66,8 +66,8 @@ TEST(FiasLink, APostingIsAnsweredWithItsOwnValuesInFixedOrder) {
         EXPECT_EQ(Shown(GetPMS_PSConfirm(record)), answer);
     }
     InOutText open(u"PS|RN102|DA240131|TI1405|P#77");
-    EXPECT_THROW(GetPMS_PSConfirm(open), server::OperationError);
+    EXPECT_THROW(GetPMS_PSConfirm(open), platform::OperationError);
 }
 
 }  // namespace
-}  // namespace vintrel::pms
+}  // namespace vintrel::exchanges::fias

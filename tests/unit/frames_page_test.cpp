@@ -3,31 +3,26 @@
 #include <functional>
 
 #include "call_records.h"
-#include "rx/room_events.h"
-#include "rx/set_clock.h"
-#include "rx/wake_up_events.h"
+#include "server/received_frames.h"
 
-namespace vintrel::rx {
+namespace vintrel::server {
 namespace {
-
-using server::TypeCode;
 
 /// "kind: form" as the page writes it, asked in the page's order.
 std::string KindAndForm(std::u16string code, const std::u16string& frame) {
-    server::Settings settings;
-    settings.RoomStatusNotCleanCdpn = u"91";
-    settings.WakeupResponseH323 = u"Hotel";
-    const testing::FakeClock clock;
-    testing::FakeMessage message;
+    testing::TestServer server;
+    server.Ini(u"ROOMSTATUS_NOTCLEAN", u"dst_cdpn") = u"91";
+    server.Ini(u"WAKEUP_RESPONSE", u"h323") = u"Hotel";
+    server.Initialize(u"TYPE10012");
     const TypeCode type(code);
-    if (GetComIsRoomAlarm(type, frame, settings) == 1)
-        return "room alarm: " + testing::Shown(GetComConvertRoomAlarmRX(type, frame, settings, message));
-    if (GetComIsRoomState(type, frame, settings) == 1)
-        return "room state: " + testing::Shown(GetComConvertRoomStateRX(type, frame, settings, message));
-    if (GetComIsConfirmClock(type, frame, settings) != 0)
-        return "wake-up confirmation: " + testing::Shown(GetComConvertConfirmClockRX(type, frame, settings, message));
-    if (GetComIsSetClock(type, frame) == 1)
-        return "set-clock: " + testing::Shown(GetComConvertSetClockRX(type, frame, clock, message));
+    const auto form = [&](auto conversion) {
+        return testing::Shown(conversion(type, frame, server.exchanges, server.message));
+    };
+    if (GetComIsRoomAlarm(type, frame, server.exchanges) == 1) return "room alarm: " + form(GetComConvertRoomAlarmRX);
+    if (GetComIsRoomState(type, frame, server.exchanges) == 1) return "room state: " + form(GetComConvertRoomStateRX);
+    if (GetComIsConfirmClock(type, frame, server.exchanges) != 0)
+        return "wake-up confirmation: " + form(GetComConvertConfirmClockRX);
+    if (GetComIsSetClock(type, frame, server.exchanges) == 1) return "set-clock: " + form(GetComConvertSetClockRX);
     return "other";
 }
 
@@ -56,4 +51,4 @@ TEST(Pages, ShowWhatTheServerDoes) {
 }
 
 }  // namespace
-}  // namespace vintrel::rx
+}  // namespace vintrel::server

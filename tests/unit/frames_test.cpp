@@ -4,45 +4,48 @@
 #include <vector>
 
 #include "allocations.h"
-#include "fakes.h"
 #include "printing.h"
-#include "rx/room_events.h"
-#include "rx/set_clock.h"
-#include "rx/wake_up_events.h"
+#include "server/received_frames.h"
+#include "test_server.h"
 
-namespace vintrel::rx {
+namespace vintrel::server {
 namespace {
 
-using server::DateTime;
-using server::Settings;
-using server::TypeCode;
-using testing::FakeMessage;
 using testing::Raw;
 using testing::Shown;
+using text::DateTime;
 
 const std::string kTrailer = "<FF><VT><ETX><CR><LF>";
 const std::string kMitelCall = "01<FF>204<FF>310124<FF>0730<FF><FF><FF>";
 const std::string kNoRoom = "<FF><FF>room<FF><FF>123456<FF><FF>";  // behind the first field
 
-const Settings kSettings = [] {
-    Settings settings;
-    settings.RoomStatusCleanCdpn = u"90";
-    settings.RoomStatusNotCleanCdpn = u"91";
-    settings.RoomStatusCleanOccupiedCdpn = u"92";
-    settings.RoomStatusNotCleanOccupiedCdpn = u"93";
-    settings.RoomStatusInspectedOccupiedCdpn = u"94";
-    settings.RoomStatusAlarmCdpn = u"95";
-    settings.WakeupResponseH323 = u"Hotel";
-    settings.WakeupResponseFallback = u"299";
-    return settings;
-}();
+/// A server with the numbers that an innovaphone room calls.
+struct Frames : ::testing::Test, testing::TestServer {
+    Frames() {
+        Ini(u"ROOMSTATUS_CLEAN", u"dst_cdpn") = u"90";
+        Ini(u"ROOMSTATUS_NOTCLEAN", u"dst_cdpn") = u"91";
+        Ini(u"ROOMSTATUS_CLEAN_OCCUPIED", u"dst_cdpn") = u"92";
+        Ini(u"ROOMSTATUS_NOTCLEAN_OCCUPIED", u"dst_cdpn") = u"93";
+        Ini(u"ROOMSTATUS_INSPECTED_OCCUPIED", u"dst_cdpn") = u"94";
+        Ini(u"ROOMSTATUS_ALARM", u"dst_cdpn") = u"95";
+        Ini(u"WAKEUP_RESPONSE", u"h323") = u"Hotel";
+        Ini(u"WAKEUP_RESPONSE", u"Fallback") = u"299";
+        Initialize(u"TYPE10012");
+    }
 
-/// Asks an operation with a code and a frame of its own, as a host does.
-template <typename Operation, typename... World>
-auto Ask(Operation operation, std::u16string_view type, std::u16string_view frame, World&&... world) {
-    std::u16string code(type);
-    return operation(TypeCode(code), frame, std::forward<World>(world)...);
-}
+    /// Asks an operation with a code of its own, as a host does.
+    std::int16_t Ask(std::int16_t (*question)(TypeCode, std::u16string_view, const exchanges::Exchanges&),
+                     std::u16string_view type, std::u16string_view frame) {
+        std::u16string code(type);
+        return question(code, frame, exchanges);
+    }
+    std::string Ask(std::u16string (*conversion)(TypeCode, std::u16string_view, const exchanges::Exchanges&,
+                                                 platform::CriticalMessage&),
+                    std::u16string_view type, std::u16string_view frame) {
+        std::u16string code(type);
+        return Shown(conversion(code, frame, exchanges, message));
+    }
+};
 
 std::string MaidRecord(const std::string& dialled) {
     return "'7','','204','" + dialled + "','pms-status','\"Room 204\" <204>','PJSIP/204-1','','ReadExten','KEY,,'";
@@ -58,7 +61,7 @@ std::string WakeUpEvent(const std::string& extension, const std::string& event) 
            R"(" type="ext"/></cdr>)";
 }
 
-TEST(RoomEvents, AreRecognisedAndConvertedAsEachModelSendsThem) {
+TEST_F(Frames, RoomEventsAreRecognisedAndConvertedAsEachModelSendsThem) {
     constexpr char kClean[] = "<STX>080020400111<ETX>";
     constexpr char kNotClean[] = "<STX>080020400221<ETX>";
     constexpr char kAlarm[] = "<STX>080020400331<ETX>";
@@ -123,35 +126,35 @@ TEST(RoomEvents, AreRecognisedAndConvertedAsEachModelSendsThem) {
         {u"type12000", "<STX>RE|RN204|RS3|<ETX>", 1, 0, kClean},
         {u"TYPE99999", "<STX>RE|RN204|RS3|<ETX>", 1, 1},
     };
-    FakeMessage message;
     for (const auto& row : rows) {
         SCOPED_TRACE(Shown(row.type) + " " + row.frame);
         const std::u16string frame = Raw(row.frame);
-        EXPECT_EQ(Ask(GetComIsRoomState, row.type, frame, kSettings), row.is_state);
-        EXPECT_EQ(Ask(GetComIsRoomAlarm, row.type, frame, kSettings), row.is_alarm);
-        EXPECT_EQ(Shown(Ask(GetComConvertRoomStateRX, row.type, frame, kSettings, message)), row.state);
-        EXPECT_EQ(Shown(Ask(GetComConvertRoomAlarmRX, row.type, frame, kSettings, message)), row.alarm);
+        EXPECT_EQ(Ask(GetComIsRoomState, row.type, frame), row.is_state);
+        EXPECT_EQ(Ask(GetComIsRoomAlarm, row.type, frame), row.is_alarm);
+        EXPECT_EQ(Ask(GetComConvertRoomStateRX, row.type, frame), row.state);
+        EXPECT_EQ(Ask(GetComConvertRoomAlarmRX, row.type, frame), row.alarm);
     }
     EXPECT_EQ(message.texts, (std::vector<std::u16string>{u"GetComConvertRoomStateRX: FATAL ERROR !",
                                                           u"GetComConvertRoomAlarmRX: FATAL ERROR !"}))
         << "the conversions report an unknown code, the questions do not";
-    EXPECT_EQ(Ask(GetComIsRoomState, u"TYPE10012", u"event=A:Rel&dst_cdpn=&src_cgpn=101&", Settings()), 0)
+    ini.values.clear();
+    Initialize(u"TYPE10012");
+    EXPECT_EQ(Ask(GetComIsRoomState, u"TYPE10012", u"event=A:Rel&dst_cdpn=&src_cgpn=101&"), 0)
         << "an empty setting has no state";
 }
 
-TEST(RoomEvents, OfMitelAreOfTheFirstRoomBehindTheFrameNumber) {
-    FakeMessage message;
+TEST_F(Frames, RoomEventsOfMitelAreOfTheFirstRoomBehindTheFrameNumber) {
     std::string before = "1<FF>";
     for (const std::string fields :
          {"12<FF>13<FF>14<FF>15<FF>16", "13<FF>14<FF>15<FF>16", "14<FF>15<FF>16", "15<FF>16", "16"}) {
         const std::u16string frame = Raw(before + fields + "<FF>25<FF>2" + kTrailer);
-        EXPECT_EQ(Shown(Ask(GetComConvertRoomStateRX, u"TYPE10014", frame, kSettings, message)),
+        EXPECT_EQ(Ask(GetComConvertRoomStateRX, u"TYPE10014", frame),
                   "<STX>08000" + fields.substr(0, 2) + "00111<ETX>");
         before += "x<FF>";
     }
 }
 
-TEST(WakeUpConfirmation, IsRecognisedAndConvertedAsEachModelSendsIt) {
+TEST_F(Frames, WakeUpConfirmationIsRecognisedAndConvertedAsEachModelSendsIt) {
     const std::string panasonic = "31/01/24 07:30   204      ";
     const struct {
         std::u16string_view type;
@@ -200,17 +203,16 @@ TEST(WakeUpConfirmation, IsRecognisedAndConvertedAsEachModelSendsIt) {
         {u"TYPE12000", "<STX>WR|RN330|ASOK|<ETX>", 0},
         {u"TYPE99999", "<STX>07001231<ETX>", 1},
     };
-    FakeMessage message;
     for (const auto& row : rows) {
         SCOPED_TRACE(Shown(row.type) + " " + row.frame);
         const std::u16string frame = Raw(row.frame);
-        EXPECT_EQ(Ask(GetComIsConfirmClock, row.type, frame, kSettings), row.kind);
-        EXPECT_EQ(Shown(Ask(GetComConvertConfirmClockRX, row.type, frame, kSettings, message)), row.converted);
+        EXPECT_EQ(Ask(GetComIsConfirmClock, row.type, frame), row.kind);
+        EXPECT_EQ(Ask(GetComConvertConfirmClockRX, row.type, frame), row.converted);
     }
     EXPECT_EQ(message.texts, std::vector<std::u16string>{u"GetComConvertConfirmClockRX: FATAL ERROR !"});
 }
 
-TEST(SetClock, IsRecognisedByLengthAndRecordType) {
+TEST_F(Frames, SetClockIsRecognisedByLengthAndRecordType) {
     const struct {
         std::u16string_view type;
         const char* frame;
@@ -229,7 +231,7 @@ constexpr DateTime At(int year, int month, int day, int hour, int minute) {
 }
 constexpr DateTime kNoon = At(2026, 11, 15, 12, 0);
 
-TEST(SetClock, IsConvertedForTheHostWithADate) {
+TEST_F(Frames, SetClockIsConvertedForTheHostWithADate) {
     const struct {
         std::u16string_view type;
         DateTime now;
@@ -270,18 +272,16 @@ TEST(SetClock, IsConvertedForTheHostWithADate) {
         {u"TYPE99999", kNoon, "<STX>080012307301<ETX>", ""},
     };
     const std::string filler(14, ' ');
-    FakeMessage message;
     for (const auto& row : rows) {
-        testing::FakeClock clock;
         clock.now = row.now;
-        std::string shown = Shown(Ask(GetComConvertSetClockRX, row.type, Raw(row.frame), clock, message));
+        std::string shown = Ask(GetComConvertSetClockRX, row.type, Raw(row.frame));
         if (const std::size_t at = shown.find(filler); at != std::string::npos) shown.replace(at, filler.size(), "~");
         EXPECT_EQ(shown, row.converted) << row.frame;
     }
     EXPECT_EQ(message.texts, std::vector<std::u16string>{u"GetComConvertSetClockRX: FATAL ERROR !"});
 }
 
-TEST(Recognition, TakesNothingFromTheHeap) {
+TEST_F(Frames, RecognitionTakesNothingFromTheHeap) {
     std::vector<std::u16string> frames{std::u16string(100'000, u'\u0416')};  // and a frame of every kind
     for (const std::string& frame :
          {std::string("<STX>080012300111<ETX>"), kMitelCall + "25<FF>2" + kTrailer, MaidRecord("*3544"),
@@ -289,16 +289,15 @@ TEST(Recognition, TakesNothingFromTheHeap) {
           std::string("t,0,0,201,O,9,9,770011,0,1,0,E204,Room"), WakeUpRecord("'1002'", "'FAILED'"),
           std::string("31/01/24 07:30   204      timed reminder/cleaned"), std::string("<STX>WA|RN330|ASOK|<ETX>")})
         frames.push_back(Raw(frame));
-    for (std::size_t i = 0; i < server::kModelCount; ++i) {
-        const std::u16string_view known = server::ModelCode(static_cast<server::Model>(i));
+    for (const exchanges::Model* model : exchanges::Models()) {
         for (const std::u16string& frame : frames) {
-            std::u16string code(known);
+            std::u16string code(model->code);
             const std::size_t before = testing::Allocations();
-            GetComIsRoomState(TypeCode(code), frame, kSettings);
-            GetComIsRoomAlarm(TypeCode(code), frame, kSettings);
-            GetComIsConfirmClock(TypeCode(code), frame, kSettings);
-            GetComIsSetClock(TypeCode(code), frame);
-            EXPECT_EQ(testing::Allocations(), before) << Shown(known) << " " << Shown(frame.substr(0, 60));
+            GetComIsRoomState(TypeCode(code), frame, exchanges);
+            GetComIsRoomAlarm(TypeCode(code), frame, exchanges);
+            GetComIsConfirmClock(TypeCode(code), frame, exchanges);
+            GetComIsSetClock(TypeCode(code), frame, exchanges);
+            EXPECT_EQ(testing::Allocations(), before) << Shown(model->code) << " " << Shown(frame.substr(0, 60));
         }
     }
     const std::size_t before = testing::Allocations();
@@ -307,4 +306,4 @@ TEST(Recognition, TakesNothingFromTheHeap) {
 }
 
 }  // namespace
-}  // namespace vintrel::rx
+}  // namespace vintrel::server

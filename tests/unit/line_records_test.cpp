@@ -3,12 +3,21 @@
 #include <random>
 
 #include "call_records.h"
-#include "cdr/comma_fields.h"
-#include "cdr/date_time.h"
+#include "exchanges/innovaphone/reference_table.h"
+#include "exchanges/ip_office/continuation_table.h"
+#include "records/steps.h"
+#include "text/comma_fields.h"
+#include "text/dates.h"
+#include "text/fields.h"
 
-namespace vintrel::cdr {
+namespace vintrel::server {
 namespace {
 
+using namespace records;
+using namespace text;
+
+using exchanges::innovaphone::ReferenceTable;
+using exchanges::ip_office::ContinuationTable;
 using testing::ExpectFields;
 using testing::Link;
 using testing::Shown;
@@ -18,7 +27,7 @@ TEST(GdvRecord, AValueThatDoesNotFitLeavesTheSlotAlone) {
     GdvRecord gdv;
     Assign<kUser>(gdv, u"00101");
     Assign<kUser>(gdv, u"123456");
-    Assign<kUser>(gdv, server::ZeroPad(u"123456", 5));
+    Assign<kUser>(gdv, text::ZeroPad(u"123456", 5));
     EXPECT_EQ(gdv.Slot<kUser>(), u"00101");
     Assign<kUser>(gdv, u"");
     EXPECT_EQ(gdv.Slot<kUser>(), u"");
@@ -68,7 +77,7 @@ TEST(ReferenceTable, HoldsAtMost512AndFreesOneSlotPerRemoval) {
 }
 
 TEST(DateTime, RoundTripsOverLeapYearsAndRefusesWhatDoesNotExist) {
-    using server::DateTime;
+    using text::DateTime;
     const DateTime leap_end{.year = 2024, .month = 2, .day = 29, .hour = 23, .minute = 59, .second = 59};
     EXPECT_EQ(SecondsOf(leap_end), 1709251199);
     EXPECT_EQ(DateTimeOf(1709251199), leap_end);
@@ -281,9 +290,9 @@ TEST(CommaFields, AreThoseOfGetCommaField) {
         std::u16string text(random() % 12, u'x');
         for (char16_t& character : text) character = u",ab"[random() % 3];
         const CommaFields<4> fields(text);
-        EXPECT_EQ(fields.Field<1>(), server::GetCommaField(text, 1)) << Shown(text);
-        EXPECT_EQ(fields.Field<3>(), server::GetCommaField(text, 3)) << Shown(text);
-        EXPECT_EQ(fields.Field<4>(), server::GetCommaField(text, 4)) << Shown(text);
+        EXPECT_EQ(fields.Field<1>(), text::GetCommaField(text, 1)) << Shown(text);
+        EXPECT_EQ(fields.Field<3>(), text::GetCommaField(text, 3)) << Shown(text);
+        EXPECT_EQ(fields.Field<4>(), text::GetCommaField(text, 4)) << Shown(text);
     }
 }
 
@@ -370,6 +379,16 @@ TEST(IpOfficeRecord, OnlyAnIdentifierInRangeTakesPartInContinuation) {
     }
 }
 
+TEST(IpOfficeRecord, LegsWithoutDurationKeepNoOpenCallFromGoingOn) {
+    Link link(u"TYPE10017");
+    link.Raw(Leg{.call = u"7", .continued = u"1"}.Line());
+    for (std::int32_t call = 100; call < 100 + static_cast<std::int32_t>(ContinuationTable::kOpenCalls); ++call) {
+        const std::u16string number = DecimalText(call);
+        link.Raw(Leg{.connected = u"00:00:00", .call = number.c_str(), .continued = u"1"}.Line());
+    }
+    EXPECT_EQ(link.Raw(Leg{.call = u"7"}.Line()).at(33), u'2');
+}
+
 TEST(IpOfficeRecord, ValuesThatDoNotFitMakeTheRecordShorter) {
     const std::pair<Leg, std::size_t> rows[] = {{{.first = u"E123456"}, 82},
                                                 {{.caller = u"12345678901234567"}, 71},
@@ -393,4 +412,4 @@ TEST(ContinuationTable, DropsTheOldestCallBeyondItsBound) {
 }
 
 }  // namespace
-}  // namespace vintrel::cdr
+}  // namespace vintrel::server

@@ -1,13 +1,13 @@
-#include "tx/md5_win32.h"
+#include "win32/md5.h"
 
 #include <gtest/gtest.h>
 
 #include <fstream>
 
+#include "platform/operation_error.h"
 #include "printing.h"
-#include "server/operation_error.h"
 
-namespace vintrel::tx {
+namespace vintrel::win32 {
 namespace {
 
 using testing::Shown;
@@ -36,7 +36,7 @@ template <typename Body>
 std::string Failure(Body body) {
     try {
         body();
-    } catch (const server::OperationError& error) {
+    } catch (const platform::OperationError& error) {
         std::ostringstream shown;
         shown << std::hex << std::uppercase << error.Result() << " " << Shown(error.Source()) << ": "
               << Shown(error.Description());
@@ -70,4 +70,4 @@ TEST(Md5, EveryFailureHasItsNumberSourceAndSystemError) {
 }
 
 }  // namespace
-}  // namespace vintrel::tx
+}  // namespace vintrel::win32

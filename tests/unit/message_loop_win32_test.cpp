@@ -1,22 +1,25 @@
-#include "server/message_loop_win32.h"
+#include "win32/message_loop.h"
 
 #include <gtest/gtest.h>
 
 #include <new>
 #include <thread>
 
-#include "server/clock_win32.h"
-#include "server/waits.h"
+#include "platform/waits.h"
+#include "win32/clock.h"
 
-namespace vintrel::server {
+namespace vintrel::win32 {
+
+using namespace platform;  // what these implement
+
 namespace {
 
 class HiddenWindow : public ::testing::Test {
  protected:
     std::uint64_t Elapsed() const { return clock.Milliseconds() - start; }
 
-    Win32MessageLoop loop;
-    Win32Clock clock;
+    MessageLoop loop;
+    Clock clock;
     std::uint64_t start = clock.Milliseconds();
 };
 
@@ -93,4 +96,4 @@ TEST_F(HiddenWindow, AnExceptionInATickEndsThere) {
 }
 
 }  // namespace
-}  // namespace vintrel::server
+}  // namespace vintrel::win32

@@ -5,12 +5,16 @@
 #include <string>
 
 #include "call_records.h"
-#include "cdr/innovaphone_keys.h"
-#include "cdr/quoted_fields.h"
+#include "exchanges/innovaphone/record_keys.h"
+#include "text/quoted_fields.h"
 
-namespace vintrel::cdr {
+namespace vintrel::server {
 namespace {
 
+using namespace text;
+
+using exchanges::innovaphone::RecordKey;
+using exchanges::innovaphone::RecordKeys;
 using testing::Link;
 using testing::Shown;
 
@@ -65,7 +69,7 @@ TEST(QuotedFields, SplitsWhereTheQuotesSay) {
 }
 
 TEST(InnovaphoneKeys, AKeyCountsAtTheStartAndBehindAmpersandOrBlank) {
-    using Key = InnovaphoneKey;
+    using Key = RecordKey;
     const std::tuple<const char16_t*, Key, std::string> rows[] = {
         {u"event=A:Rel&ref=1", Key::Event, "A:Rel"},
         {u"<14>Jan 1 box event=A:Rel&ref=1", Key::Event, "A:Rel"},
@@ -77,8 +81,7 @@ TEST(InnovaphoneKeys, AKeyCountsAtTheStartAndBehindAmpersandOrBlank) {
         {u"src_cgpn=+++", Key::SrcCgpn, ""},
         {u"src_cgpn&=1&ref", Key::SrcCgpn, ""},
     };
-    for (const auto& [record, key, value] : rows)
-        EXPECT_EQ(Shown(InnovaphoneKeys(record)[key]), value) << Shown(record);
+    for (const auto& [record, key, value] : rows) EXPECT_EQ(Shown(RecordKeys(record)[key]), value) << Shown(record);
 }
 
 const std::u16string kTimes = u"&connect_time=1781514009&disc_time=1781514084&srv_id=02-00-5e-10-20-30\r\n";
@@ -96,6 +99,8 @@ TEST(Innovaphone, PartiesDirectionAndTimesOfALeg) {
         {kIn + u"&src_cgpn=+16+9&src_cdpn=000&dst_cdpn=01234567890123456+7" + kTimes,
          "00051 09999 16 9 0000 0/0/0" + when + "0123456789012345 02-00-5e-10-20-30"},
         {kIn + u"&src_cdpn=101&connect_time=0&disc_time=5", "00051 00101 -" + unanswered},
+        {kIn + u"&src_cdpn=101&connect_time=1781514009.0&disc_time=1781514009",
+         "00051 00101 - 0000 0/0/0 0000 00000 15.06.26 11:00 -"},
         {kIn + u"&src_cdpn=101&connect_time=1781514009", "00051 00101 - 0000 0/0/0 0000 00000 15.06.26 11:00 -"},
         {kIn + u"&src_cdpn=101&connect_time=1781514009&disc_time=1791514009",
          "00051 00101 - 0000 0/0/0 0000 99999 15.06.26 11:00 -"},
@@ -136,21 +141,27 @@ TEST(Innovaphone, InterfacesTellTheDirectionAndAConfiguredOneDecidesAlone) {
     const auto type_of = [&](const std::u16string& interfaces) {
         return TypeOf(link, u"event=A:Rel&src_cgpn=104&src_cdpn=077&dst_cdpn=077" + interfaces + kTimes);
     };
+    const auto configure = [&](std::u16string_view section, std::u16string_view key, std::u16string_view value) {
+        link.Ini(section, key) = value;
+        link.Initialize(u"TYPE10012");
+    };
     for (const auto* line : {u"BRI1", u"pri2", u"TEL4", u"ppp0", u"SIP3"}) {
         EXPECT_EQ(type_of(std::u16string(u"&dst_if=RT1&src_if=") + line), "0") << Shown(line);
         EXPECT_EQ(type_of(std::u16string(u"&src_if=RB1&dst_if=") + line), "1") << Shown(line);
     }
-    link.settings.CallIncomingSrcIf = u"R";
+    configure(u"CALL_INCOMING", u"src_if", u"R");
     EXPECT_EQ(type_of(u"&src_if=RB1&dst_if=rt2"), "0");
     EXPECT_EQ(type_of(u"&src_if=RB1&dst_if=rb2") + type_of(u"&src_if=RT1&dst_if=RT2"), "<DLE><DLE>") << "stays inside";
 
-    link.settings.CallIncomingSrcIf = u"SIP3";
-    link.settings.CallOutgoingDstIf = u"PRI";
+    configure(u"CALL_INCOMING", u"src_if", u" sip3 ");
+    configure(u"CALL_OUTGOING", u"dst_if", u"PRI");
     EXPECT_EQ(type_of(u"&src_if=sip31&dst_if=GW1"), "0");
     EXPECT_EQ(type_of(u"&src_if=GW1&dst_if=PRI2"), "1");
     EXPECT_EQ(type_of(u"&src_if=TEL1&dst_if=GW1"), "<DLE>");
-    link.settings.CallIncomingDstIf = u"GW2";
+    configure(u"CALL_INCOMING", u"dst_if", u"GW2");
     EXPECT_EQ(type_of(u"&src_if=SIP3&dst_if=GW1"), "<DLE>") << "both ends are configured";
+    configure(u"CALL_OUTGOING", u"src_if", u"GW9");
+    EXPECT_EQ(type_of(u"&src_if=GW1&dst_if=PRI2") + type_of(u"&src_if=GW9&dst_if=PRI2"), "<DLE>1");
 }
 
 TEST(Innovaphone, LegsAfterATransferredOneAreContinuedUntilTheCallIsReleased) {
@@ -197,6 +208,10 @@ TEST(Grandstream, DirectionPartiesAndTypeOfARow) {
         {{}, Call("00001 01001 0391", '1')},
         {{{2, u"12"}, {15, u"123456"}}, "00001 01001 0391 0012 0/0/1 0000 99999 15.06.26 09:10 -"},
         {{{2, u"12345"}, {15, u""}}, Call("00001 01001 0391", '1', "00000")},
+        {{{15, u" 65 "}}, Call("00001 01001 0391", '1', "00065")},
+        {{{15, u"65.0"}}, Call("00001 01001 0391", '1', "00065")},
+        {{{15, u"6E1"}}, Call("00001 01001 0391", '1')},
+        {{{15, u"65.5"}}, Call("00001 01001 0391", '1', "00000")},
         {{{3, u"Bar d'Or"}, {4, u"12345678901234567a"}},
          Call("00001 01001 1234567890123456", '1', "00060", "BAR D'OR")},
         {{{3, u"x"}, {20, u"y"}, {29, u"12"}, {4, u"a#"}}, Call("00001 00012 A#", '1', "00060", "X")},
@@ -281,6 +296,7 @@ TEST(Wildix, SidesOfACallTellItsDirectionLineAndUser) {
         {u"201,0391,users,,SIP/201-1,SIP/BRI3-2,Dial,x", u"60,BUSY", "rejected"},
         {u"201,0391,macro-outgoing-call,,Local/0391@u-1;2,SIP/c-2,Dial,x", kAnswered, Call("00001 00201 0391", '3')},
         {u"201,0391,users,,SIP/201-1,,NoOp,Finish while-outgoing-call", kAnswered, Call("00001 00201 0391", '1')},
+        {u"x,0391,users,,DEVICE/abc-1,SIP/BRI3-2,Dial,x", kAnswered, Call("00003 00000 0391", '1')},
         {u"201,0391,users,,SIP/201-1,,NoOp,Dial", kAnswered, "rejected"},
         {u"0163,204,main,,SIP/PRI-1,SIP/204-2,Dial,x", kAnswered, Call("00001 00204 0163", '0')},
         {u"0163,10,main,,SIP/FXO1234567-1,SIP/204-2,Dial,x", u"60,answered",
@@ -315,4 +331,4 @@ TEST(Wildix, SidesOfACallTellItsDirectionLineAndUser) {
 }
 
 }  // namespace
-}  // namespace vintrel::cdr
+}  // namespace vintrel::server

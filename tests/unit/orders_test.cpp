@@ -2,15 +2,53 @@
 // telephony line.
 #include <gtest/gtest.h>
 
-#include "order_fakes.h"
+#include "exchanges/grandstream/grandstream.h"
+#include "server/orders.h"
+#include "test_server.h"
 
-namespace vintrel::tx {
+namespace vintrel::server {
 namespace {
 
 using testing::FakeTelephony;
-using testing::OrderBench;
 using testing::PeerScript;
 using testing::Shown;
+using WakeUpOrder = exchanges::WakeUpOrder;
+
+/// A server whose exchanges are set up.
+struct OrderBench : testing::TestServer {
+    OrderBench() {
+        settings.PbxHost = u"pbx.hotel";
+        settings.PbxPort = 8089;
+        Initialize(u"TYPE10020");
+        Ini(u"IP_OFFICE", u"host") = u"ipo.hotel";
+        Ini(u"IP_OFFICE", u"port") = u"8085";
+        Ini(u"USERS", u"204") = u" 0a1b2c ";
+        Initialize(u"TYPE10017");
+        settings.PbxPort = 8080;
+        settings.PbxUser = u"admin";
+        settings.PbxPassword = u"secret";
+    }
+
+    // The four orders, as a host gives them: what they answer, in readable form.
+    std::string WakeUp(std::u16string type, const WakeUpOrder& order) {
+        return Shown(
+            ComEventClockTX(type, order.room, order.time, order.date, order.mode, order.language, exchanges, message));
+    }
+    std::string CheckIn(std::u16string type, std::u16string_view name, std::int16_t language = 0,
+                        std::int16_t change_name = 0, std::int32_t room = 204) {
+        return Shown(ComEventCheckInTX(type, room, name, language, change_name, exchanges, message));
+    }
+    std::string CheckOut(std::u16string type, std::int16_t change_name = 0, std::int32_t room = 204) {
+        return Shown(ComEventCheckOutTX(type, room, change_name, exchanges, message));
+    }
+    std::string UserName(std::u16string type, std::u16string_view given = u"Rossi", std::int32_t room = 204) {
+        text::InOutText name(given);
+        const std::u16string answer = ComEventUserNameTX(type, room, name, exchanges, message);
+        caller_name = name.View();
+        return Shown(answer);
+    }
+    std::u16string caller_name;  ///< the caller's variable after the last UserName
+};
 
 // --- commands that the host transmits --------------------------------------------------------------------------------
 
@@ -100,8 +138,8 @@ TEST(GuestCommand, ReplacesAnEmptyOrNumericMitelNameInTheCallersVariable) {
 TEST(Order, OfAnUnknownModelIsReportedUnderItsName) {
     OrderBench bench;
     std::u16string type = u"type10099";
-    server::InOutText name(u"Rossi");
-    EXPECT_EQ(ComEventUserNameTX(type, 1, name, bench.message, bench.exchanges), u"");
+    text::InOutText name(u"Rossi");
+    EXPECT_EQ(ComEventUserNameTX(type, 1, name, bench.exchanges, bench.message), u"");
     EXPECT_EQ(type, u"TYPE10099");
     EXPECT_FALSE(name.Replaced());
     for (const std::string& answer : {bench.WakeUp(type, {}), bench.CheckIn(type, u"Rossi"), bench.CheckOut(type)})
@@ -130,7 +168,7 @@ class NetworkOrders : public ::testing::Test, protected OrderBench {
     void ExpectErrors(const std::u16string& type, const std::string& good_answer, const std::string& cut,
                       const std::vector<std::pair<PeerScript, std::uint64_t>>& others = {}) {
         constexpr int kNever = PeerScript::kNever;
-        constexpr auto kFailed = server::TransferState::Failed;
+        constexpr auto kFailed = platform::TransferState::Failed;
         std::vector<std::pair<PeerScript, std::uint64_t>> faults{
             {{.open_at = kNever, .end_at = 1, .end = kFailed}, 1},                    // refuses
             {{.open_at = kNever}, 10000},                                             // is absent
@@ -161,7 +199,8 @@ class NetworkOrders : public ::testing::Test, protected OrderBench {
 // --- innovaphone -----------------------------------------------------------------------------------------------------
 
 TEST_F(NetworkOrders, InnovaphoneRequestsArePathsOfTheAdministrationPages) {
-    settings.WakeupResponseFallback = u"0123";
+    Ini(u"WAKEUP_RESPONSE", u"Fallback") = u"0123";
+    Initialize(u"TYPE10012");
     const std::u16string type = u"TYPE10012";
     const auto wake_up = [&](std::int16_t mode, std::int16_t language) {
         return WakeUp(type, {.room = 201, .time = u"0730", .date = u"1511", .mode = mode, .language = language});
@@ -221,7 +260,7 @@ TEST_F(NetworkOrders, GrandstreamRequestsCarryTheirDocumentInTheQuery) {
         "</firstname><lastname></lastname><datein>20261115 00:01</datein><dateout>23991231 23:59</dateout>"
         "<cos>4</cos></checkin>";
     ExpectRequests(
-        "POST https://pbx.hotel:8089/pmsapi?token=ABC&format=xml&data=<pms_data_request>",
+        "POST https://pbx.hotel:8089/pmsapi?token=&format=xml&data=<pms_data_request>",
         {wake_up + "<w_action>1</w_action><w_mode>1</w_mode>" + at,
          wake_up + "<w_action>0</w_action><w_mode>1</w_mode>" + at,
          wake_up + "<w_action>1</w_action><w_mode>2</w_mode>" + at, wake_up + at,
@@ -231,14 +270,15 @@ TEST_F(NetworkOrders, GrandstreamRequestsCarryTheirDocumentInTheQuery) {
 }
 
 TEST(GrandstreamDate, IsTodayOrLater) {
-    const server::DateTime today{.year = 2026, .month = 11, .day = 15, .hour = 23, .minute = 59, .second = 59};
-    const server::DateTime leap{.year = 2028, .month = 3, .day = 1};
-    const std::tuple<server::DateTime, std::u16string, std::string> cases[] = {
+    const text::DateTime today{.year = 2026, .month = 11, .day = 15, .hour = 23, .minute = 59, .second = 59};
+    const text::DateTime leap{.year = 2028, .month = 3, .day = 1};
+    const std::tuple<text::DateTime, std::u16string, std::string> cases[] = {
         {today, u"1511", "20261115"}, {today, u"1411", "20271114"}, {today, u"3112", "20261231"},
         {today, u"0101", "20270101"}, {today, u"3002", "20260230"}, {leap, u"2902", "20290229"},
         {today, u"----", "2026----"}, {today, u"1513", "20261315"}, {today, u"", "2026"},
     };
-    for (const auto& [now, given, date] : cases) EXPECT_EQ(Shown(WakeUpDate({.date = given}, now)), date) << date;
+    for (const auto& [now, given, date] : cases)
+        EXPECT_EQ(Shown(exchanges::grandstream::WakeUpDate({.date = given}, now)), date) << date;
 }
 
 TEST_F(NetworkOrders, GrandstreamConfirmsWithTheSuccessWordAnywhereAndFaultsEndWithinTenSecondsInEachPhase) {
@@ -252,17 +292,25 @@ TEST_F(NetworkOrders, GrandstreamConfirmsWithTheSuccessWordAnywhereAndFaultsEndW
 }
 
 TEST_F(NetworkOrders, GrandstreamSendsNothingToAnAddressThatIsNone) {
-    for (const std::u16string_view url :
-         {u"", u"https://:8089/pmsapi?", u"https://pbx:0/pmsapi?", u"https://pbx:65536/p", u"https://pbx:-1/p",
-          u"https://pbx/p", u"http://pbx:80/p", u"https://pbx:80"}) {
-        settings.GsBaseUrl = url;
-        network.scripts = {PeerScript::Answering("SUCCESS")};
-        EXPECT_EQ(CheckOut(u"TYPE10020"), "<ERROR>") << Shown(url);
+    network.scripts = {PeerScript::Answering("SUCCESS")};
+    testing::TestServer fresh;
+    std::u16string type = u"TYPE10020";
+    fresh.network.scripts = network.scripts;
+    EXPECT_EQ(ComEventCheckOutTX(type, 204, 0, fresh.exchanges, message), u"<ERROR>") << "never initialised";
+    EXPECT_TRUE(fresh.network.requests.empty());
+    const auto address = [&](std::u16string_view host, std::int32_t port) {
+        settings.PbxHost = host;
+        settings.PbxPort = port;
+        Initialize(type);
+    };
+    for (const auto& [host, port] : {std::pair(u"", 8089), {u"pbx", 0}, {u"pbx", 65536}, {u"pbx", -1}, {u"a/b", 80}}) {
+        address(host, port);
+        EXPECT_EQ(CheckOut(type), "<ERROR>") << Shown(host) << port;
     }
     EXPECT_TRUE(network.requests.empty());
-    settings.GsBaseUrl = u"https://[fe80::1]:443/pmsapi?data=";
+    address(u"[fe80::1]", 443);
     EXPECT_EQ(CheckOut(u"TYPE10020"), "<OK>");
-    EXPECT_EQ(network.requests[0].substr(0, 36), "POST https://[fe80::1]:443/pmsapi?da");
+    EXPECT_EQ(network.requests[0].substr(0, 36), "POST https://[fe80::1]:443/pmsapi?to");
 }
 
 // --- IP Office -------------------------------------------------------------------------------------------------------
@@ -337,7 +385,13 @@ class PanasonicOrders : public ::testing::Test, protected OrderBench {
  protected:
     PanasonicOrders() {
         telephony.lines = {{u"EXT00101"}, {std::u16string(u" ext00204 \0rest", 15)}, {u"EXT123456"}};
-        settings.TapiLineCount = 3;
+        StartTelephony();
+    }
+    void StartTelephony() {
+        std::u16string type = kType;
+        UnInitializeServer(type, exchanges);
+        telephony.application.line_count = static_cast<std::uint32_t>(telephony.lines.size());
+        InitializeServerSec(type, exchanges);
     }
     std::string WakeUp(std::int32_t room, std::u16string_view time, std::int16_t mode) {
         return OrderBench::WakeUp(kType, {.room = room, .time = time, .date = u"1511", .mode = mode});
@@ -409,7 +463,7 @@ TEST_F(PanasonicOrders, TheLineIsTheFirstVoiceLineOfThatNameThatAnswers) {
                        {.name = u"EXT00204", .media_modes = 0x1C},
                        {.name = u"EXT00204"},
                        {.name = u"EXT123456"}};
-    settings.TapiLineCount = 6;
+    StartTelephony();
     telephony.replies = {{}, {}};
     EXPECT_EQ(CheckOut(kType), "<OK>");
     EXPECT_EQ(WakeUp(123456, u"0730", 0), "<OK>");
@@ -458,7 +512,10 @@ TEST_F(PanasonicOrders, AFailedFirstRequestSendsNoSecondAndAStaleReplyConfirmsNo
 }
 
 TEST_F(PanasonicOrders, NeedTheServiceOnlyWhenHotelFunctionsAreOn) {
-    settings.TapiReady = false;
+    std::u16string type = kType;
+    UnInitializeServer(type, exchanges);
+    telephony.application.result = -1;
+    InitializeServerSec(type, exchanges);
     EXPECT_EQ(WakeUp(204, u"0730", 0), "<ERROR>");
     EXPECT_EQ(UserName(kType), "<ERROR>");
     settings.HotelEnabled = false;
@@ -468,4 +525,4 @@ TEST_F(PanasonicOrders, NeedTheServiceOnlyWhenHotelFunctionsAreOn) {
 }
 
 }  // namespace
-}  // namespace vintrel::tx
+}  // namespace vintrel::server

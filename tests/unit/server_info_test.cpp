@@ -11,15 +11,15 @@ namespace {
 using testing::Shown;
 
 struct ServerInfo : ::testing::Test {
-    struct : SupportListWindow, HelpViewer {
-        void Show(SupportListContent content) override { shown = std::move(content); }
+    struct : platform::SupportListWindow, platform::HelpViewer {
+        void Show(platform::SupportListContent content) override { shown = std::move(content); }
         void Start(std::u16string_view program, std::u16string_view arguments) override {
             started = std::u16string(program) + u" " + std::u16string(arguments);
         }
-        SupportListContent shown;
+        platform::SupportListContent shown;
         std::u16string started;
     } window;
-    Settings settings;
+    platform::Settings settings;
 };
 
 TEST_F(ServerInfo, KnowsACodeInAnyCaseAndAnswersAnUnknownOneWithoutAReport) {

@@ -4,14 +4,14 @@
 #include <fstream>
 
 #include "printing.h"
-#include "server/ansi_text_win32.h"
-#include "server/clock_win32.h"
-#include "server/files_win32.h"
-#include "server/handle_win32.h"
-#include "server/ini_win32.h"
-#include "server/wide_win32.h"
+#include "win32/ansi_text.h"
+#include "win32/clock.h"
+#include "win32/files.h"
+#include "win32/handle.h"
+#include "win32/ini.h"
+#include "win32/wide.h"
 
-namespace vintrel::server {
+namespace vintrel::win32 {
 namespace {
 
 using testing::Shown;
@@ -24,8 +24,8 @@ class SystemFiles : public ::testing::Test {
     std::u16string Path(const char* name) const { return (folder / name).u16string(); }
 
     std::filesystem::path folder = std::filesystem::temp_directory_path() / u"vintrel è 文書";
-    Win32Files files;
-    Win32Ini ini;
+    Files files;
+    Ini ini;
 };
 
 TEST_F(SystemFiles, AreReadFromAPositionAsFarAsTheyGo) {
@@ -58,7 +58,7 @@ TEST_F(SystemFiles, IniValuesComeBackUpTo255Characters) {
 }
 
 TEST(SystemText, GoesThroughTheCodePage) {
-    const Win32AnsiText ansi;
+    const AnsiText ansi;
     EXPECT_EQ(Shown(ansi.ToText(ansi.FromText(u"adminpw"))), "adminpw");
     EXPECT_EQ(ansi.FromText(u""), "");
     if (GetACP() != 1252) GTEST_SKIP() << "the rest is for code page 1252";
@@ -67,7 +67,7 @@ TEST(SystemText, GoesThroughTheCodePage) {
 }
 
 TEST(SystemClock, ConvertsWithTheBiasInForceNow) {
-    const Win32Clock clock;
+    const Clock clock;
     TIME_ZONE_INFORMATION zone{};
     const DWORD season = GetTimeZoneInformation(&zone);
     const LONG bias = zone.Bias + (season == TIME_ZONE_ID_DAYLIGHT ? zone.DaylightBias : zone.StandardBias);
@@ -76,4 +76,4 @@ TEST(SystemClock, ConvertsWithTheBiasInForceNow) {
 }
 
 }  // namespace
-}  // namespace vintrel::server
+}  // namespace vintrel::win32

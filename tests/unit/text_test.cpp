@@ -1,14 +1,16 @@
-#include "server/text.h"
+#include "text/text.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
 
 #include "printing.h"
-#include "server/scan.h"
-#include "server/word.h"
+#include "text/fields.h"
+#include "text/numbers.h"
+#include "text/scan.h"
+#include "text/word.h"
 
-namespace vintrel::server {
+namespace vintrel::text {
 namespace {
 
 using testing::Shown;
@@ -70,6 +72,20 @@ TEST(Text, NumbersAreRoundedHalfToEvenWithin32BitsAndWrittenInTheShortestForm) {
         {1e15, "1E+15"}, {1.5e20, "1.5E+20"}, {1e-7, "1E-7"}};
     for (const auto& [value, text] : written) EXPECT_EQ(Shown(DecimalText(value)), text);
     EXPECT_EQ(DecimalText(std::int32_t{-2147483647 - 1}), u"-2147483648");
+    EXPECT_EQ(DecimalText(999999999999999.9), u"1E+15");
+    EXPECT_EQ(DecimalText(1.0 / 3), u"0.333333333333333");
+}
+
+TEST(Text, ANumberIsWrittenWithTheDigitsThatItWasReadFrom) {
+    for (const std::u16string_view digits : {u"1", u"3", u"7", u"9", u"12", u"98765", u"123456789012345"})
+        for (std::int32_t exponent = 16; exponent < 290; ++exponent)
+            for (const std::u16string_view sign : {u"+", u"-"}) {
+                const std::u16string point(digits.size() > 1 ? u"." : u"");
+                const std::u16string text = std::u16string(digits.substr(0, 1)) + point +
+                                            std::u16string(digits.substr(1)) + u"E" + std::u16string(sign) +
+                                            DecimalText(exponent);
+                ASSERT_EQ(Shown(DecimalText(NumberValue(text))), Shown(text));
+            }
 }
 
 TEST(Text, SearchingFindsWhatStandsInEitherCase) {
@@ -119,13 +135,15 @@ TEST(Scan, FindsAtEveryPositionAndLength) {
                 text.replace(at, std::u16string::npos, length - at, u'&');
                 const char16_t* const begin = text.data();
                 const char16_t* const end = begin + length;
-                EXPECT_EQ(FindFirst(begin, end, scan::Is{u'&'}), begin + at) << length;
-                EXPECT_EQ(FindFirst(begin, end, scan::IsEither{u'&', u'-'}), begin + at) << length;
-                EXPECT_EQ(FindFirst(begin, end, scan::IsNeither{u'z', u'-'}), other == u'z' ? begin + at : begin);
-                EXPECT_EQ(FindEndOf(begin, begin + length, scan::IsNot{u'&'}), begin + at) << length;
+                EXPECT_EQ(FindFirst(begin, end, scan::Is(u'&')), begin + at) << length;
+                EXPECT_EQ(FindFirst(begin, end, scan::IsEither(u'&', u'-')), begin + at) << length;
+                EXPECT_EQ(FindFirst(begin, end, [](auto c) { return !((c == u'z') | (c == u'-')); }),
+                          other == u'z' ? begin + at : begin);
+                EXPECT_EQ(FindEndOf(begin, begin + length, [](auto c) { return !(c == u'&'); }), begin + at) << length;
                 std::size_t found = at;
                 const auto next = [&](const char16_t* place) { return place == begin + found++; };
-                FindEach(begin, end, scan::IsAtMostOr{u'%', u'&'}, next);
+                FindEach(
+                    begin, end, [](auto c) { return (c <= u'%') | (c == u'&'); }, next);
                 EXPECT_EQ(found, length) << at;
             }
         }
@@ -133,4 +151,4 @@ TEST(Scan, FindsAtEveryPositionAndLength) {
 }
 
 }  // namespace
-}  // namespace vintrel::server
+}  // namespace vintrel::text
