@@ -1,8 +1,8 @@
 // An early-bound client: the catalogue, and a failed call with its error information.
 #include <windows.h>
 
-#include <cstdio>
 #include <cwchar>
+#include <iostream>
 
 #include "Vintrel.h"
 
@@ -33,7 +33,7 @@ int ShowModels() {
     const HRESULT created = CoCreateInstance(CLSID_ServerInfo, nullptr, CLSCTX_INPROC_SERVER, IID__ServerInfo,
                                              reinterpret_cast<void**>(&info));
     if (FAILED(created)) {
-        std::fprintf(stderr, "the server is not registered (0x%08lX)\n", static_cast<unsigned long>(created));
+        std::wcerr << L"the server is not registered (0x" << std::hex << created << L")\n";
         return 1;
     }
     for (int number = 10001;; ++number) {
@@ -43,7 +43,7 @@ int ShowModels() {
         Text name;
         if (FAILED(info->GetPabxTypeName(type.InOut(), name.Out()))) break;
         if (std::wcscmp(name.c_str(), L"type not found") == 0) break;
-        std::printf("%ls  %ls\n", type.c_str(), name.c_str());
+        std::wcout << type.c_str() << L"  " << name.c_str() << L'\n';
     }
     info->Release();
     return 0;

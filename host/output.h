@@ -29,7 +29,7 @@ class Output {
     void Flush();
 
  private:
-    static constexpr std::size_t kPiece = 1024 * 1024;
+    static constexpr std::size_t kPiece = std::size_t{1024} * 1024;
     Write write_;
     std::string text_;
 };

@@ -14,7 +14,7 @@ struct Framing {
     std::string end;
     std::string end2;  ///< a second way to end a frame; "" for none
     /// A frame that grows beyond this without its end is given up: nothing that a peer sends fills the memory.
-    std::size_t limit = 1024 * 1024;
+    std::size_t limit = std::size_t{1024} * 1024;
 };
 
 /// Frames are of any length. The server's usual record length is no part of the cut: on one link records of 142

@@ -82,7 +82,8 @@ TEST(Allocations, AMillionConversionsLeaveNoBlockBehind) {
     SetOaNoCache();  // every string comes from the allocator
     round();         // what is made once
     ASSERT_EQ(CoRegisterMallocSpy(&spy), S_OK);
-    for (conversions = 0; conversions < 1'000'000;) round();
+    conversions = 0;
+    while (conversions < 1'000'000) round();
     EXPECT_EQ(spy.held, 0);
     EXPECT_GT(spy.given, conversions);
     EXPECT_EQ(CoRevokeMallocSpy(), S_OK);

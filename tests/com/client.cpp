@@ -55,7 +55,7 @@ std::wstring ProgramFolder() {
 
 HRESULT CallExport(const char* name) {
     HMODULE module = LoadLibraryW((ProgramFolder() + L"\\Vintrel.dll").c_str());
-    const FARPROC function = module ? GetProcAddress(module, name) : nullptr;
+    FARPROC function = module ? GetProcAddress(module, name) : nullptr;
     const HRESULT result =
         function ? reinterpret_cast<HRESULT(STDMETHODCALLTYPE*)()>(reinterpret_cast<void (*)()>(function))() : E_FAIL;
     if (module) FreeLibrary(module);

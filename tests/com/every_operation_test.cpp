@@ -1,6 +1,7 @@
 // Every operation of the type library with every code: none may crash, hang, or fail in a way that no rule knows.
 #include <gtest/gtest.h>
 
+#include <ranges>
 #include <vector>
 
 #include "client.h"
@@ -83,8 +84,7 @@ HRESULT Invoked(IDispatch* object, const FoundOperation& operation, std::wstring
             variables.push_back(Variant::Of(parameter.type));
     }
     std::vector<VARIANT> arguments;
-    for (auto variable = variables.rbegin(); variable != variables.rend(); ++variable)
-        arguments.push_back(Variant::To(*variable));
+    for (Variant& variable : std::views::reverse(variables)) arguments.push_back(Variant::To(variable));
     DISPPARAMS parameters = {arguments.data(), nullptr, static_cast<UINT>(arguments.size()), 0};
     auto* name = const_cast<LPOLESTR>(operation.name.c_str());  // NOLINT: only read
     DISPID id = DISPID_UNKNOWN;

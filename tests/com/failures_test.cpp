@@ -25,7 +25,9 @@ TEST(Failures, CarryNumberSourceAndDescriptionToLateAndEarlyBoundClients) {
 
     Text record(L"GI|RN12");
     Text column(L"|RN");
-    Text answer, source, description;
+    Text answer;
+    Text source;
+    Text description;
     SetErrorInfo(0, nullptr);
     EXPECT_EQ(pms.As<_PMSEvents>()->GetPMS_ColumnData(record.Var(), column.Var(), answer.Var()), kInvalidArgument);
     Ref<IErrorInfo> information;

@@ -11,7 +11,7 @@
 namespace vintrel::testing {
 namespace {
 
-constexpr ULONGLONG kLargestSize = 400 * 1024;
+constexpr ULONGLONG kLargestSize = ULONGLONG{400} * 1024;
 
 class Library : public ::testing::Test {
  protected:

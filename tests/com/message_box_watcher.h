@@ -71,7 +71,7 @@ class MessageBoxWatcher {
                 button = part;
             } else if (IsA(part, L"Static") && (style & SS_TYPEMASK) == SS_ICON) {
                 const auto icon = reinterpret_cast<HICON>(SendMessageW(part, STM_GETICON, 0, 0));
-                message.critical_icon = icon && icon == LoadIconW(nullptr, IDI_HAND);
+                message.critical_icon = icon != nullptr && icon == LoadIconW(nullptr, IDI_HAND);
             } else if (IsA(part, L"Static") || IsA(part, L"Edit")) {
                 message.text += TextOf(part);
             }

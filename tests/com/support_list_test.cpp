@@ -7,8 +7,9 @@
 #include <objidl.h>
 
 #include <algorithm>
-using std::max;  // the system's header below expects both by these names
-using std::min;
+// The system's header below expects both by these names.
+using std::max;  // NOLINT(misc-unused-using-decls)
+using std::min;  // NOLINT(misc-unused-using-decls)
 #include <gdiplus.h>
 
 #include <filesystem>
@@ -131,7 +132,7 @@ class SupportList : public ::testing::Test {
     }
     HWND Part(const wchar_t* text) const { return FindWindowExW(window, nullptr, L"Button", text); }
     bool IsOpen() const { return IsWindow(window) != FALSE; }
-    void Press(HWND control, WPARAM key) {
+    static void Press(HWND control, WPARAM key) {
         PostMessageW(control, WM_KEYDOWN, key, 1);
         PostMessageW(control, WM_KEYUP, key, static_cast<LPARAM>(0xC0000001));
         Pump(50);
@@ -179,7 +180,7 @@ TEST_F(SupportList, ShowsTheModelsInGermanAndItalian) {
         RECT area{};
         GetWindowRect(list, &area);
         SetCursorPos((area.left + area.right) / 2, (area.top + area.bottom) / 2);
-        PumpUntil([&] { return !has_help || IsWindowVisible(ToolTip()); });
+        PumpUntil([&] { return !has_help || IsWindowVisible(ToolTip()) != FALSE; });
         Pump(100);
         EXPECT_TRUE(SaveScreenshot(row.picture));
     }
@@ -228,8 +229,10 @@ class StandInViewer {
     }
     ~StandInViewer() {
         DeleteFileW(Record().c_str());
-        for (int i = 0; i < 100 && !MoveFileExW(Saved().c_str(), program_.c_str(), MOVEFILE_REPLACE_EXISTING); ++i)
-            Sleep(20);  // it may still be running
+        for (int i = 0; i < 100; ++i) {  // it may still be running
+            if (MoveFileExW(Saved().c_str(), program_.c_str(), MOVEFILE_REPLACE_EXISTING) != FALSE) break;
+            Sleep(20);
+        }
     }
     StandInViewer(const StandInViewer&) = delete;
     StandInViewer& operator=(const StandInViewer&) = delete;

@@ -99,7 +99,7 @@ def run_commands(root: Path, build: Path, wine: str, commands: list) -> None:
 def main() -> None:
     root = Path(sys.argv[1]).resolve()
     commands = []
-    pages = [root / "README.md"]
+    pages = sorted(root.glob("*.md"))
     for folder in ("docs", "samples", "examples"):
         pages += sorted((root / folder).rglob("*.md"))
     checked = {"pages": 0, "code blocks": 0, "commands": 0}

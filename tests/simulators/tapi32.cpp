@@ -31,10 +31,10 @@ DWORD open_lines = 0;
 
 std::map<UINT_PTR, std::function<void()>> replies;  // by their timers
 
-void Log(const char* format, ...) {
+void Log(const char* format, ...) {  // NOLINT(cert-dcl50-cpp): a line as printf writes it
     FILE* const file = std::fopen(std::getenv("VINTREL_TAPI_LOG"), "a");
     if (file == nullptr) return;
-    va_list arguments;
+    va_list arguments;  // NOLINT(cppcoreguidelines-init-variables): by the next line
     va_start(arguments, format);
     std::vfprintf(file, format, arguments);
     va_end(arguments);
@@ -72,8 +72,8 @@ extern "C" {
 
 LONG WINAPI lineInitializeExA(LPHLINEAPP application, HINSTANCE module, LINECALLBACK on_event, LPCSTR name,
                               LPDWORD devices, LPDWORD version, LPLINEINITIALIZEEXPARAMS parameters) {
-    Log("lineInitializeExA module=%d name=%s version=%lx size=%lu options=%lu\n", module != nullptr, name, *version,
-        parameters->dwTotalSize, parameters->dwOptions);
+    Log("lineInitializeExA module=%d name=%s version=%lx size=%lu options=%lu\n", module != nullptr ? 1 : 0, name,
+        *version, parameters->dwTotalSize, parameters->dwOptions);
     if (Behaviour("initialize") == "fail") return kFailed;
     callback = on_event;
     *application = 0xA0;
@@ -99,11 +99,11 @@ LONG WINAPI lineGetDevCapsA(HLINEAPP application, DWORD device, DWORD version, D
     const std::vector<std::string> lines = Lines();
     if (device >= lines.size()) return kFailed;
     std::string name = lines[device];
-    const bool voice = name.rfind("-", 0) != 0;
+    const bool voice = !name.starts_with('-');
     if (!voice) name.erase(0, 1);
     capabilities->dwMediaModes = voice ? 0x14 : 0x10;
     capabilities->dwLineNameOffset = sizeof(LINEDEVCAPS);
-    capabilities->dwLineNameSize = static_cast<DWORD>(name.size() + 1);
+    capabilities->dwLineNameSize = static_cast<DWORD>(name.size()) + 1;
     capabilities->dwUsedSize = capabilities->dwNeededSize =
         capabilities->dwLineNameOffset + capabilities->dwLineNameSize;
     if (capabilities->dwUsedSize > capabilities->dwTotalSize) return kFailed;
@@ -112,11 +112,12 @@ LONG WINAPI lineGetDevCapsA(HLINEAPP application, DWORD device, DWORD version, D
 }
 
 LONG WINAPI lineOpen(HLINEAPP application, DWORD device, LPHLINE line, DWORD version, DWORD extension,
-                     DWORD_PTR instance, DWORD privileges, DWORD media_modes, LPLINECALLPARAMS const parameters) {
+                     DWORD_PTR instance, DWORD privileges, DWORD media_modes,
+                     LPLINECALLPARAMS const parameters) {  // NOLINT(misc-misplaced-const): as the system declares it
     Log("lineOpen application=%lx device=%lu version=%lx extension=%lu instance=%lx privileges=%lu media=%lu "
         "parameters=%d\n",
         application, device, version, extension, static_cast<unsigned long>(instance), privileges, media_modes,
-        parameters != nullptr);
+        parameters != nullptr ? 1 : 0);
     if (Behaviour("open") == "fail") return kFailed;
     *line = 0xB0 + device;
     ++open_lines;

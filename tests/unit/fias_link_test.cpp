@@ -34,7 +34,7 @@ TEST(FiasLink, AColumnEndsAtTheNextBarAndTheRecordIsTrimmed) {
         {"GI|RN12|GN|", u"|GN", "", "GI|RN12|GN|"},
         {"GI|RN12", u"|GN", "", "GI|RN12"},
         {"   ", u"|GN", "", ""},
-        {" WC|RN0330|ST1 ", u"|ST", "No \"|\" follows \"|ST\" in the record.", "WC|RN0330|ST1"},  // a failed call
+        {" WC|RN0330|ST1 ", u"|ST", R"(No "|" follows "|ST" in the record.)", "WC|RN0330|ST1"},  // a failed call
     };
     for (const auto& row : rows) {
         const std::u16string given = Raw(row.record);

@@ -62,13 +62,14 @@ std::string WakeUpEvent(const std::string& extension, const std::string& event) 
 }
 
 TEST_F(Frames, RoomEventsAreRecognisedAndConvertedAsEachModelSendsThem) {
-    constexpr char kClean[] = "<STX>080020400111<ETX>", kNotClean[] = "<STX>080020400221<ETX>";
+    constexpr char kClean[] = "<STX>080020400111<ETX>";
+    constexpr char kNotClean[] = "<STX>080020400221<ETX>";
     constexpr char kAlarm[] = "<STX>080020400331<ETX>";
     const struct {
         std::u16string_view type;
         std::string frame;
         int is_state, is_alarm;
-        std::string state = "", alarm = "";
+        std::string state{}, alarm{};
     } rows[] = {
         // Avaya Integral: characters 9 to 12, whatever the length; the frame is the host's form already.
         {u"TYPE10001", kClean, 1, 0, kClean},
@@ -159,7 +160,7 @@ TEST_F(Frames, WakeUpConfirmationIsRecognisedAndConvertedAsEachModelSendsIt) {
         std::u16string_view type;
         std::string frame;
         int kind;
-        std::string converted = "";
+        std::string converted{};
     } rows[] = {
         // Avaya Integral: exactly ten characters.
         {u"TYPE10001", "<STX>07001231<ETX>", 1, "<STX>07001231<ETX>"},

@@ -93,7 +93,8 @@ TEST(Login, AnswersTheNegotiationThePromptsAndNothingElse) {
 
 TEST(Sender, SendsOneOrderAfterTheOtherAndGivesUpAfterItsRepeats) {
     const LinkAnswers answers = Integral();
-    std::string sent, lost;
+    std::string sent;
+    std::string lost;
     Sender sender(answers, [&](std::string_view bytes) { (sent += bytes) += " "; });
     sender.Queue("one");
     sender.Queue("two");

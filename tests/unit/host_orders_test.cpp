@@ -72,7 +72,7 @@ TEST(OrderLines, NameTheFileAndTheLineOfWhatIsNoOrder) {
              {"checkin Rossi", "a room is a number from 1 to 99999, not \"Rossi\""},
              {"name 203", "the order is name ROOM NAME"},
              {"wait soon", "a number is expected, not \"soon\""}})
-        EXPECT_EQ(Refusal([&] { ParseOrders("\n" + line, "day.txt", kNow); }), "day.txt:2: " + message);
+        EXPECT_EQ(Refusal([&line = line] { ParseOrders("\n" + line, "day.txt", kNow); }), "day.txt:2: " + message);
 }
 
 }  // namespace

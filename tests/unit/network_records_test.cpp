@@ -62,7 +62,7 @@ TEST(QuotedFields, SplitsWhereTheQuotesSay) {
         {kSingle, u"'1','2','3','4','5','6'", "1|2|3|4|5"},  // five wanted
         {kSingle, u"", ""},
         {kDouble, u"\n\"a\r\nb\",,12,\"\"", "a<CR><LF>b||12|"},
-        {kDouble, u"\"say \"\"yes\"\", Ann\",\"\"\"\",b", "say \"\"yes\"\", Ann|\"\"|b"},
+        {kDouble, u"\"say \"\"yes\"\", Ann\",\"\"\"\",b", R"(say ""yes"", Ann|""|b)"},
         {kDouble, u"1,2,3,4,5,6", "1|2|3|4|5"},
     };
     for (const auto& row : rows) EXPECT_EQ(row.split(row.record), row.fields) << Shown(row.record);

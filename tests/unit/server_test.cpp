@@ -23,7 +23,7 @@ struct Initialisation : ::testing::Test, testing::TestServer {
 
     /// A "Quindara.cfg" with these four records.
     void WriteCfg(const std::string& host, std::uint32_t port, const std::string& user, const std::string& password) {
-        files.contents[CfgPath()].assign(160 * 624, std::byte{0xEE});
+        files.contents[CfgPath()].assign(std::size_t{160} * 624, std::byte{0xEE});
         WriteText(156, host.size(), host);
         WriteNumber(157, 4, port);
         WriteText(158, user.size(), user);
