@@ -38,7 +38,7 @@ Outcome Example::ConvertCallRecord(InOutText& record, GdvRecord& gdv) {
     AssignBlankPadded<kNumber>(gdv, field(4));
     Assign<kUserCode>(gdv, kNoUserCode);
     Assign<kType>(gdv, direction == u"O" ? kTypeOutgoing : seconds == 0 ? kTypeNotAnswered : kTypeIncoming);
-    AssignZeroPadded<kUnity>(gdv, Left(field(6), 4));
+    AssignZeroPadded<kUnity>(gdv, DigitsOnly<4>(field(6)));  // the line end is with them
     AssignSeconds(gdv, seconds);
     AssignStart(gdv, field(1));
     Assign<kPTYNumber>(gdv, kNoPtyNumber);
