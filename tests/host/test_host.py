@@ -21,7 +21,6 @@ import time
 import tty
 
 HOST, SERVER, SAMPLES, FOLDER = (os.path.abspath(path) for path in sys.argv[1:5])
-ALL_MODELS = [f"TYPE{number}" for number in range(10001, 10021)] + ["TYPE12000"]
 LIMIT = 60
 
 
@@ -70,6 +69,10 @@ def registered(command):
     expect(subprocess.run(["wine", "regsvr32", "/s", *command, SERVER], timeout=LIMIT).returncode, 0, "regsvr32")
 
 
+def all_models():
+    return [row["Code"] for row in rows(host("models", "--format=csv")[1])]
+
+
 # --- Single commands --------------------------------------------------------------------------------------------------
 
 def says_that_the_server_is_not_registered():
@@ -81,9 +84,9 @@ def says_that_the_server_is_not_registered():
 
 def models_lists_the_catalogue_in_every_format():
     models = [json.loads(line) for line in host("models", "--format", "json")[1].splitlines()]
-    expect([model["code"] for model in models], ALL_MODELS)
-    expect(models[-1]["model"], "FIAS - PMS")
-    expect([row["Code"] for row in rows(host("models", "--format=csv")[1])], ALL_MODELS)
+    expect(models[0], {"code": "TYPE10001", "model": "Avaya - Integral 1/3/5 SW xE3.xxx - xE5.xxx"})
+    expect(models[-1], {"code": "TYPE12000", "model": "FIAS - PMS"})
+    expect(all_models(), [model["code"] for model in models])
     expect_in("\nTYPE10017  Avaya - IP Office\n", host("models")[1])
 
 
@@ -104,7 +107,7 @@ def wrong_command_lines_are_refused():
     for words, wanted, message in [
         (["converted"], 2, 'no command "converted"'),
         (["convert", capture], 2, "--model is missing"),
-        (["convert", "--model", "TYPE10021", capture], 2, 'no model "TYPE10021"'),
+        (["convert", "--model", "TYPE99999", capture], 2, 'no model "TYPE99999"'),
         (["convert", "--model", "TYPE10004"], 2, "the capture"),
         (["convert", "--model", "TYPE10004", "--format", "xml", capture], 2, "--format is"),
         (["convert", "--model", "TYPE10004", "missing.txt"], 1, "missing.txt cannot be opened"),
@@ -165,17 +168,23 @@ def convert_tells_calls_from_what_is_none():
 def simulated_days_convert_to_the_calls_of_the_day():
     """Every model's own form, written by the simulated exchange, gives the same calls back."""
     def day(model):
-        capture = subprocess.run(["wine", HOST, "simulate", "--model", model, "--print"], capture_output=True,
-                                 timeout=LIMIT).stdout
+        simulated = subprocess.run(["wine", HOST, "simulate", "--model", model, "--print"], capture_output=True,
+                                   timeout=LIMIT)
+        if b"cannot be simulated" in simulated.stderr:
+            return None
+        capture = simulated.stdout
         code, out, errors = host("convert", "--model", model, "--format", "csv", "-", given=capture)
         expect(code, 0, model + errors)
         return [(row["User"].lstrip("0"), row["Number"], int(row["Duration"])) for row in rows(out)]
     outgoing = [("203", "0041448001122", 192), ("201", "0043123456789", 644), ("203", "0049301234567", 31)]
     whole = [("202", "0327771100", 65), outgoing[0], ("203", "0327771101", 0), outgoing[1], ("201", "0327771102", 250),
              outgoing[2]]
+    models = all_models()
     with concurrent.futures.ThreadPoolExecutor(max_workers=2) as pool:
-        for model, calls in zip(ALL_MODELS, pool.map(day, ALL_MODELS)):
-            expect(calls, outgoing if model == "TYPE12000" else whole, model)
+        days = {model: calls for model, calls in zip(models, pool.map(day, models)) if calls is not None}
+    for model, calls in days.items():
+        expect(calls, outgoing if model == "TYPE12000" else whole, model)
+    expect(len(days) >= 21, True, "a new model may be missing here, none of the others")
 
 
 def classify_names_every_frame():

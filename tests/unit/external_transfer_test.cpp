@@ -2,9 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include <set>
+#include <utility>
 
-#include "exchanges/catalogue.h"
 #include "fakes.h"
 #include "printing.h"
 
@@ -83,11 +82,13 @@ TEST_F(ExternalTransfer, AnUnknownCodeReplacesThePendingLeg) {
 }
 
 TEST_F(ExternalTransfer, TheTimerClearsALoneLeg) {
-    const std::set<std::u16string_view> four_seconds{u"TYPE10011", u"TYPE10012", u"TYPE10014", u"TYPE10015",
-                                                     u"TYPE10016", u"TYPE10017", u"TYPE10019", u"TYPE10020"};
-    for (const exchanges::Model* model : exchanges::Models()) {
-        const std::u16string_view type = model->code;
-        const int milliseconds = four_seconds.contains(type) ? 4000 : 5000;
+    const std::pair<const char16_t*, int> intervals[] = {
+        {u"TYPE10001", 5000}, {u"TYPE10002", 5000}, {u"TYPE10003", 5000}, {u"TYPE10004", 5000}, {u"TYPE10005", 5000},
+        {u"TYPE10006", 5000}, {u"TYPE10007", 5000}, {u"TYPE10008", 5000}, {u"TYPE10009", 5000}, {u"TYPE10010", 5000},
+        {u"TYPE10011", 4000}, {u"TYPE10012", 4000}, {u"TYPE10013", 5000}, {u"TYPE10014", 4000}, {u"TYPE10015", 4000},
+        {u"TYPE10016", 4000}, {u"TYPE10017", 4000}, {u"TYPE10018", 5000}, {u"TYPE10019", 4000}, {u"TYPE10020", 4000},
+        {u"TYPE12000", 5000}};
+    for (const auto& [type, milliseconds] : intervals) {
         Check({}, u"0000", type);
         loop.WaitAndProcess(milliseconds - 1);
         EXPECT_EQ(leg.ExtTransferUser, 101) << Shown(type);
