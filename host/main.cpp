@@ -24,6 +24,7 @@ constexpr const Command* kCommands[] = {
     &kConvertCommand,
     &kListenCommand,
     &kClassifyCommand,
+    &kDetectCommand,
     &kSimulateCommand,
     &kWakeUpCommand,
     &kCheckInCommand,

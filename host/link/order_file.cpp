@@ -10,7 +10,7 @@ namespace vintrel::host {
 OrderFile::OrderFile(const Server& server, const Model& model, const std::string& name)
     : server_(server), code_(model.Code()) {
     if (name.empty()) return;
-    for (OrderLine& order : ParseOrders(ReadWholeFile(name), name, LocalTime())) orders_.push_back(std::move(order));
+    for (OrderLine& order : ParseOrders(ReadTextFile(name), name, LocalTime())) orders_.push_back(std::move(order));
 }
 
 std::vector<Event> OrderFile::Feed(Session& session, std::uint64_t now, bool connected) {
@@ -24,16 +24,24 @@ std::vector<Event> OrderFile::Feed(Session& session, std::uint64_t now, bool con
             continue;
         }
         const std::string room = std::to_string(order.room);
+        const std::string words = Described(order);
         const std::u16string answer = Ask(order);
-        if (answer == u"<OK>" || answer == u"<ERROR>") {
-            events.push_back({"order", room, order.word + " " + ToUtf8(answer)});
-        } else if (answer.empty()) {
-            events.push_back({"order", room, order.word + " is no order of this model"});
-        } else {
-            session.Queue(ToBytes(answer));
-            events.push_back({"order", room, Described(order)});
-        }
+        const bool verdict = answer == u"<OK>" || answer == u"<ERROR>";
+        failed_ = failed_ || answer.empty() || answer == u"<ERROR>";
+        if (!verdict && !answer.empty()) session.Queue({room, words, ToBytes(answer)});
+        events.push_back({"order", room,
+                          verdict          ? words + " " + ToUtf8(answer)
+                          : answer.empty() ? words + " is no order of this model"
+                                           : words});
     }
+    return events;
+}
+
+std::vector<Event> OrderFile::Left() const {
+    std::vector<Event> events;
+    for (const OrderLine& order : orders_)
+        if (order.verb != OrderLine::Verb::Wait)
+            events.push_back({"not sent", std::to_string(order.room), Described(order)});
     return events;
 }
 

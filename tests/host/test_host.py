@@ -138,10 +138,6 @@ def convert_cuts_the_same_calls_in_every_format():
     expect_in(f"{len(lines)} records: {len(lines)} calls", errors)
     piped = host("convert", "--model", "TYPE10004", "--format", "json", "-", given=b"\r\n".join(lines) + b"\r\n")[1]
     expect([list(json.loads(line).values()) for line in piped.splitlines()], [list(c.values()) for c in calls])
-    shown = b"\r\n".join(line.replace(b"\t", b"<tab>") + b"<CR><x0A>" for line in lines)
-    expect(host("convert", "--model", "TYPE10004", "--format", "csv", "--readable", "-", given=shown)[1], out)
-    code, _, errors = host("convert", "--model", "TYPE10004", "--readable", "-", given=b"x" * (17 << 20))
-    expect((code, errors), (1, "vintrel-host: - is too long for a readable capture\n"))
     table = host("convert", "--model", "TYPE10004", capture)[1].splitlines()
     expect(len(table), len(lines) + 2)
     start_of_number = table[0].index("Number")
@@ -277,7 +273,7 @@ def ctrl_c_ends_a_link_cleanly():
     while "refused" not in read(events) and time.time() < end:
         time.sleep(0.1)
     process.send_signal(signal.SIGINT)
-    expect(process.wait(timeout=10), 0)
+    expect(process.wait(timeout=10), 1, "it was never connected")
     expect_in(" ended", read(events))
 
 
