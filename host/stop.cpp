@@ -55,8 +55,8 @@ StopSignal::StopSignal() : event_(SharedEvent()) {
 }
 
 StopSignal::~StopSignal() {
-    SetConsoleCtrlHandler(OnControl, FALSE);
-    // A watcher that holds up the end of the session waits for the end of the program.
+    // The control handler stays: it cannot be taken away while it holds up the end. A watcher that holds up the end of
+    // the session waits for the end of the program.
     constexpr DWORD kPatience = 500;
     PostThreadMessageW(watcher_id_, WM_QUIT, 0, 0);
     WaitForSingleObject(watcher_.Get(), kPatience);

@@ -19,9 +19,11 @@ ExitCode Run(const Options& options) {
     if (head.empty()) throw Failure(ExitCode::Failed, "the capture is empty");
     const std::vector<Evidence> models = Detect(server, head, file.Lines().GivenForm());
 
+    // Where no model makes anything of it, all say why.
+    const bool hopeless = models.empty() || models.front().Good() == 0;
     std::vector<std::vector<std::string>> records;
     for (const Evidence& model : models)
-        if (model.Good() + model.malformed > 0)
+        if (model.Good() > 0 || (hopeless && !Reasons(model).empty()))
             records.push_back({std::to_string(Fit(model)), model.code, model.name, std::to_string(model.calls),
                                std::to_string(model.events), std::to_string(model.malformed + model.other),
                                Reasons(model)});

@@ -22,6 +22,7 @@ void LinkJournal::Show(const Moment& moment, LogLine::Kind kind, std::string_vie
 
 void LinkJournal::In(const Moment& moment, std::string_view bytes) {
     const std::string readable = mask_.Received(bytes);
+    if (readable.empty()) return;  // the beginning of what may be a password
     Log(moment, InLine(moment, readable));
     Show(moment, LogLine::Kind::In, readable);
 }

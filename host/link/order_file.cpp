@@ -17,12 +17,13 @@ std::vector<Event> OrderFile::Feed(Session& session, std::uint64_t now, bool con
     constexpr std::uint64_t kSecond = 1000;
     std::vector<Event> events;
     while (connected && !orders_.empty() && now >= due_ && session.OrdersSent()) {
-        const OrderLine order = orders_.front();
+        OrderLine order = orders_.front();
         orders_.pop_front();
         if (order.verb == OrderLine::Verb::Wait) {
             due_ = now + kSecond * order.seconds;
             continue;
         }
+        if (!order.time.empty() && order.date.empty()) order.date = NextDayAt(order.time, LocalTime());
         const std::string room = std::to_string(order.room);
         const std::string words = Described(order);
         const std::u16string answer = Ask(order);
@@ -63,7 +64,7 @@ std::u16string OrderFile::Ask(const OrderLine& order) const {
         case OrderLine::Verb::WakeUp:
         case OrderLine::Verb::Cancel: {
             Bstr time(FromUtf8(order.time));
-            Bstr date(FromUtf8(order.date.empty() ? NextDayAt(order.time, LocalTime()) : order.date));
+            Bstr date(FromUtf8(order.date));
             short mode = order.verb == OrderLine::Verb::Cancel ? 1 : 0;
             return server_.Text(server_.tx, &_ComEventsTX::ComEventClockTX, type.InOut(), &room, time.InOut(),
                                 date.InOut(), &mode, &language);

@@ -10,7 +10,10 @@ namespace vintrel::host {
 namespace {
 
 constexpr std::uint64_t kSecond = 1000;
-/// Bytes without a frame that are too many for the beginning of one.
+// When to doubt the model: after so many frames of which none could be used, or bytes without any frame.
+constexpr std::uint64_t kSomeFrames = 5;
+constexpr std::uint64_t kSomeBytes = 500;
+/// Bytes that are enough to say that no model reads them.
 constexpr std::uint64_t kManyBytes = 1500;
 
 }  // namespace
@@ -82,7 +85,7 @@ void RunningLink::Take(const WireNews& news) {
             heard_at_ = moment_.milliseconds;
             if (std::exchange(silence_told_, false)) Note({"heard again", "", ""});
             session_.Counts().bytes_in += news.text.size();
-            if (first_bytes_.size() < Capture::kHead) first_bytes_ += news.text;
+            if (model_doubted_ && first_bytes_.size() < Capture::kHead) first_bytes_ += news.text;
             journal_.In(moment_, news.text);
             return session_.Received(moment_, news.text);
         case WireNews::Kind::Lost:
@@ -98,11 +101,13 @@ void RunningLink::Take(const WireNews& news) {
     }
 }
 
-/// Whoever knocks every second is told of every ten.
+/// Who knocks every second is told of every ten.
 void RunningLink::TakeKnock(const std::string& words) {
+    const std::string who = words.substr(0, words.rfind(':', words.find(' ')));
     ++knocks_untold_;
-    if (knocked_at_ != 0 && moment_.milliseconds - knocked_at_ < 10 * kSecond) return;
+    if (who == knocked_last_ && moment_.milliseconds - knocked_at_ < 10 * kSecond) return;
     knocked_at_ = moment_.milliseconds;
+    knocked_last_ = who;
     const std::uint64_t times = std::exchange(knocks_untold_, 0);
     Note({"knock", "", times == 1 ? words : words + " (" + std::to_string(times) + " times)"});
 }
@@ -121,17 +126,19 @@ void RunningLink::WatchSilence() {
               (connected_ ? "" : ", and no connection")});
 }
 
-/// The wrong model is the most frequent fault: when nothing of what comes can be used, the others read it.
+/// The wrong model is the most frequent fault: when nothing of what comes can be used, the others read it. It is said
+/// once; a model that rejects what it knows is not wrong for that, and is looked at again after more of it.
 void RunningLink::WatchModel() {
     const LinkCounts& counts = session_.Counts();
-    if (counts.calls + counts.events > 0 || first_bytes_.empty()) return first_bytes_.clear();
-    const bool enough = counts.frames >= look_again_at_ || (counts.frames == 0 && counts.bytes_in >= kManyBytes);
-    if (!enough || moment_.milliseconds - heard_at_ < kSecond / 2) return;
-    look_again_at_ = std::max<std::uint64_t>(counts.frames, 1) * 10;
+    if (counts.calls + counts.events > 0) model_doubted_ = false;
+    const bool enough = counts.frames >= kSomeFrames || (counts.frames == 0 && counts.bytes_in >= kSomeBytes);
+    if (!model_doubted_ || !enough || counts.bytes_in < look_again_at_) return;
+    if (moment_.milliseconds - heard_at_ < kSecond / 2) return;
+    look_again_at_ = 4 * counts.bytes_in;
     const std::string guess = BestGuess(Detect(server_, first_bytes_, Capture::Form::Bytes, code_));
-    if (!guess.empty()) return Note({"wrong model", "", guess});
-    if (counts.rejected == 0) Note({"wrong model", "", "nothing that comes can be used, and no other model reads it"});
-    if (counts.frames == 0) first_bytes_.clear();
+    if (guess.empty() && (counts.rejected > 0 || counts.bytes_in < kManyBytes)) return;
+    model_doubted_ = false;
+    Note({"wrong model", "", guess.empty() ? "nothing that comes can be used, and no other model reads it" : guess});
 }
 
 void RunningLink::ShowStatus() {

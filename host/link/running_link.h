@@ -56,11 +56,13 @@ class RunningLink {
     std::uint64_t heard_at_ = begin_;
     bool silence_told_ = false;
     std::uint64_t knocked_at_ = 0;
+    std::string knocked_last_;  ///< by the machine of this address
     std::uint64_t knocks_untold_ = 0;
     std::uint64_t status_line_at_ = 0;
     std::uint64_t status_event_at_ = begin_;
-    std::string first_bytes_;          ///< of what came, until the model is known to be right
-    std::uint64_t look_again_at_ = 5;  ///< frames, for the watch over the model
+    bool model_doubted_ = true;        ///< nothing of what came could be used yet
+    std::string first_bytes_;          ///< of what came meanwhile
+    std::uint64_t look_again_at_ = 0;  ///< bytes
 };
 
 }  // namespace vintrel::host

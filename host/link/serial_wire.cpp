@@ -9,15 +9,20 @@
 namespace vintrel::host {
 namespace {
 
-/// The names of this machine's serial ports.
+Handle OpenPort(const std::string& name, DWORD access) {
+    const std::wstring device = L"\\\\.\\" + ToWide(name);
+    return Handle(CreateFileW(device.c_str(), access, 0, nullptr, OPEN_EXISTING, 0, nullptr));
+}
+
+bool IsMissing(DWORD error) { return error == ERROR_FILE_NOT_FOUND || error == ERROR_PATH_NOT_FOUND; }
+
+/// The names of this machine's serial ports, in use or not.
 std::string ExistingPorts() {
     constexpr int kMost = 256;
     std::string names;
     for (int number = 1; number <= kMost; ++number) {
         const std::string name = "COM" + std::to_string(number);
-        wchar_t target[64] = L"";
-        const DWORD length = QueryDosDeviceW(ToWide(name).c_str(), target, static_cast<DWORD>(std::size(target)));
-        if (length > 0 || GetLastError() == ERROR_INSUFFICIENT_BUFFER)
+        if (OpenPort(name, 0).Valid() || !IsMissing(GetLastError()))
             names.append(names.empty() ? "" : ", ").append(name);
     }
     return names;
@@ -89,8 +94,7 @@ class Serial : public Wire {
 
  private:
     bool Open() {
-        const std::wstring name = L"\\\\.\\" + ToWide(settings_.port);
-        port_ = Handle(CreateFileW(name.c_str(), GENERIC_READ | GENERIC_WRITE, 0, nullptr, OPEN_EXISTING, 0, nullptr));
+        port_ = OpenPort(settings_.port, GENERIC_READ | GENERIC_WRITE);
         if (!port_.Valid()) return false;
         COMMTIMEOUTS timeouts{};
         timeouts.ReadIntervalTimeout = MAXDWORD;    // a read takes what is there
@@ -107,7 +111,7 @@ class Serial : public Wire {
     }
 
     static std::string WhyNot(DWORD error) {
-        if (error != ERROR_FILE_NOT_FOUND && error != ERROR_PATH_NOT_FOUND) return SystemMessage(error);
+        if (!IsMissing(error)) return SystemMessage(error);
         const std::string ports = ExistingPorts();
         return ports.empty() ? "there is no serial port on this machine" : "there is no such port, but " + ports;
     }

@@ -86,12 +86,13 @@ void Session::TakePiece(const LinkReader::Piece& piece) {
 }
 
 void Session::TakeLogin(const Login::Reply& reply) {
+    if (reply.finished) {
+        Write({"login", "", reply.answer.empty() ? "confirmed" : "answered"});
+        logged_in_ = true;
+        login_told_ = true;
+        if (reply.answer.empty()) sender_.Confirmed();
+    }
     if (!reply.answer.empty()) outside_.send(reply.answer, reply.secret);
-    if (!reply.finished) return;
-    Write({"login", "", reply.answer.empty() ? "confirmed" : "answered"});
-    logged_in_ = true;
-    login_told_ = true;
-    if (reply.answer.empty()) sender_.Confirmed();
 }
 
 void Session::TakeFrame(std::string_view bytes) {

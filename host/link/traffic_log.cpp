@@ -56,13 +56,12 @@ bool TrafficLog::Append(const std::string& line) {
     place.QuadPart = end_;
     DWORD written = 0;
     if (SetFilePointerEx(file_.Get(), place, nullptr, FILE_BEGIN) == 0) return false;
-    const bool good = WriteFile(file_.Get(), text.data(), static_cast<DWORD>(text.size()), &written, nullptr) != 0 &&
-                      written == text.size();
-    if (good) {
+    const bool good = WriteFile(file_.Get(), text.data(), static_cast<DWORD>(text.size()), &written, nullptr) != 0;
+    if (good && written == text.size()) {
         end_ += written;
         return true;
     }
-    const DWORD error = GetLastError();
+    const DWORD error = good ? ERROR_DISK_FULL : GetLastError();
     SetFilePointerEx(file_.Get(), place, nullptr, FILE_BEGIN);
     SetEndOfFile(file_.Get());
     SetLastError(error);
