@@ -16,7 +16,8 @@ bool IsRuled(HRESULT result) { return (static_cast<ULONG>(result) & 0xFFFF0000) 
 
 std::vector<std::wstring> Codes() {
     std::vector<std::wstring> codes;
-    for (const exchanges::Model* model : exchanges::Models()) codes.emplace_back(model->code.begin(), model->code.end());
+    for (const exchanges::Model* model : exchanges::Models())
+        codes.emplace_back(model->code.begin(), model->code.end());
     for (const wchar_t* other : {L"type10014", L"TYPE99999", L" TYPE10001"}) codes.emplace_back(other);
     return codes;
 }
