@@ -2,8 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#include <set>
+
 #include <utility>
 
+#include "exchanges/catalogue.h"
 #include "fakes.h"
 #include "printing.h"
 
