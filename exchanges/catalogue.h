@@ -27,11 +27,13 @@ class ByCode {
     static constexpr std::size_t kCodeLength = 9;
     static constexpr std::size_t kEndings = 100;
 
-    void Add(std::u16string_view code, Thing* thing) { places_.at(Ending(code)) = {code.data(), thing}; }
+    /// Nothing finds what has no code of this form.
+    void Add(std::u16string_view code, Thing* thing) {
+        if (const unsigned ending = Ending(code); ending < kEndings) places_[ending] = {code.data(), thing};
+    }
 
     /// Null when there is none of exactly this code.
     Thing* Find(std::u16string_view code) const {
-        if (code.size() != kCodeLength) return nullptr;
         const unsigned ending = Ending(code);
         if (ending >= kEndings) return nullptr;
         const Place& place = places_[ending];
@@ -44,8 +46,9 @@ class ByCode {
         const char16_t* code;
         Thing* thing;
     };
-    /// The number that the last two characters form; of characters that are no digits, any number.
+    /// The number that the last two characters form: below kEndings, if it is a code.
     static unsigned Ending(std::u16string_view code) {
+        if (code.size() != kCodeLength) return kEndings;
         return (code[kCodeLength - 2] - unsigned{u'0'}) * 10 + (code[kCodeLength - 1] - unsigned{u'0'});
     }
 

@@ -6,16 +6,18 @@
 namespace vintrel::host {
 namespace {
 
-/// False when the reader of a pipe has gone or the disk is full.
-bool WriteAll(DWORD stream, std::string_view bytes) {
+/// @return how many bytes were taken: fewer when the reader of a pipe has gone or the disk is full
+std::size_t WriteMost(DWORD stream, std::string_view bytes) {
     HANDLE handle = GetStdHandle(stream);
-    while (!bytes.empty()) {
+    std::size_t done = 0;
+    while (done < bytes.size()) {
         DWORD written = 0;
-        if (WriteFile(handle, bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr) == 0 || written == 0)
-            return false;
-        bytes.remove_prefix(written);
+        if (WriteFile(handle, bytes.data() + done, static_cast<DWORD>(bytes.size() - done), &written, nullptr) == 0 ||
+            written == 0)
+            break;
+        done += written;
     }
-    return true;
+    return done;
 }
 
 }  // namespace
@@ -28,16 +30,28 @@ std::wstring ToWide(std::string_view utf8) {
 std::string FromWide(std::wstring_view text) { return ToUtf8(std::u16string(text.begin(), text.end())); }
 
 void WriteOut(std::string_view utf8) {
-    if (!WriteAll(STD_OUTPUT_HANDLE, utf8)) throw Failure(ExitCode::Failed, "the output cannot be written");
+    if (WriteMost(STD_OUTPUT_HANDLE, utf8) < utf8.size())
+        throw Failure(ExitCode::Failed, "the output cannot be written: " + SystemMessage(GetLastError()));
 }
 
-void WriteErrorText(std::string_view utf8) { WriteAll(STD_ERROR_HANDLE, utf8); }
+void WriteErrorText(std::string_view utf8) { WriteMost(STD_ERROR_HANDLE, utf8); }
 
-void WriteError(std::string_view line) { WriteAll(STD_ERROR_HANDLE, std::string(line) + "\n"); }
+void WriteError(std::string_view line) { WriteMost(STD_ERROR_HANDLE, std::string(line) + "\n"); }
 
-bool ErrorOutputIsTerminal() {
-    DWORD mode = 0;
-    return GetConsoleMode(GetStdHandle(STD_ERROR_HANDLE), &mode) != 0;
+PatientOutput::Written TryWriteOut(std::string_view utf8) {
+    const std::size_t length = WriteMost(STD_OUTPUT_HANDLE, utf8);
+    if (length == utf8.size()) return {length, PatientOutput::Fault::None};
+    const DWORD error = GetLastError();
+    const bool gone = error == ERROR_BROKEN_PIPE || error == ERROR_NO_DATA || error == ERROR_PIPE_NOT_CONNECTED ||
+                      error == ERROR_INVALID_HANDLE;
+    return {length, gone ? PatientOutput::Fault::Closed : PatientOutput::Fault::Full};
+}
+
+std::size_t ConsoleWidth(Stream stream) {
+    CONSOLE_SCREEN_BUFFER_INFO screen{};
+    const DWORD handle = stream == Stream::Output ? STD_OUTPUT_HANDLE : STD_ERROR_HANDLE;
+    if (GetConsoleScreenBufferInfo(GetStdHandle(handle), &screen) == 0) return 0;
+    return static_cast<std::size_t>(screen.srWindow.Right - screen.srWindow.Left + 1);
 }
 
 Output StandardOutput() { return Output(WriteOut); }

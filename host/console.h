@@ -6,6 +6,7 @@
 #include <string>
 #include <string_view>
 
+#include "host/link/patient_output.h"
 #include "host/output.h"
 
 namespace vintrel::host {
@@ -30,9 +31,13 @@ void WriteOut(std::string_view utf8);
 void WriteError(std::string_view line);
 /// The same without the end of the line.
 void WriteErrorText(std::string_view utf8);
-bool ErrorOutputIsTerminal();
+/// As much as the standard output takes now.
+PatientOutput::Written TryWriteOut(std::string_view utf8);
 /// An Output to the standard output.
 Output StandardOutput();
+enum class Stream { Output, Error };
+/// Characters on a line of the console that shows the stream; 0 when it goes elsewhere.
+std::size_t ConsoleWidth(Stream stream);
 
 /// What Windows says about an error number.
 std::string SystemMessage(DWORD error);

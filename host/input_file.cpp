@@ -1,40 +1,20 @@
 #include "host/input_file.h"
 
+#include "host/capture/encoding.h"
 #include "host/failure.h"
-#include "host/text.h"
 
 namespace vintrel::host {
 
-InputFile::InputFile(const std::string& name, Form form) : name_(name), standard_input_(name == "-") {
-    if (!standard_input_) Open();
-    if (form == Form::Readable) ReadShown();
-}
-
-void InputFile::Open() {
-    file_ = Handle(CreateFileW(ToWide(name_).c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
+InputFile::InputFile(const std::string& name) : name_(name), standard_input_(name == "-") {
+    if (standard_input_) return;
+    file_ = Handle(CreateFileW(ToWide(name).c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
                                OPEN_EXISTING, FILE_FLAG_SEQUENTIAL_SCAN, nullptr));
-    if (!file_.Valid()) throw Failure(ExitCode::Failed, name_ + " cannot be opened: " + SystemMessage(GetLastError()));
+    if (!file_.Valid()) throw Failure(ExitCode::Failed, name + " cannot be opened: " + SystemMessage(GetLastError()));
     LARGE_INTEGER size{};
     if (GetFileSizeEx(file_.Get(), &size) != 0) size_ = static_cast<std::uint64_t>(size.QuadPart);
 }
 
-void InputFile::ReadShown() {
-    constexpr std::size_t kLongest = 16 * kPiece;
-    std::string text;
-    for (std::string_view bytes = Read(); !bytes.empty(); bytes = Read()) {
-        text.append(bytes);
-        if (text.size() > kLongest) throw Failure(ExitCode::Failed, name_ + " is too long for a readable capture");
-    }
-    std::erase_if(text, [](char character) { return character == '\r' || character == '\n'; });
-    shown_ = FromReadable(text);
-}
-
 std::size_t InputFile::ReadTo(char* buffer, std::size_t count) {
-    if (shown_) {
-        const std::size_t copied = shown_->copy(buffer, count, taken_);
-        taken_ += copied;
-        return copied;
-    }
     DWORD length = 0;
     HANDLE handle = standard_input_ ? GetStdHandle(STD_INPUT_HANDLE) : file_.Get();
     if (ReadFile(handle, buffer, static_cast<DWORD>(count), &length, nullptr) == 0) {
@@ -45,16 +25,19 @@ std::size_t InputFile::ReadTo(char* buffer, std::size_t count) {
     return length;
 }
 
-std::string_view InputFile::Read() {
-    buffer_.resize(kPiece);
-    return std::string_view(buffer_).substr(0, ReadTo(buffer_.data(), kPiece));
-}
-
-std::string ReadWholeFile(const std::string& name) {
+std::string ReadTextFile(const std::string& name) {
+    constexpr std::size_t kPiece = 64 * 1024;
+    constexpr std::size_t kLongest = 16 * 1024 * 1024;
     InputFile file(name);
-    std::string text;
-    for (std::string_view bytes = file.Read(); !bytes.empty(); bytes = file.Read()) text.append(bytes);
-    return text;
+    std::string bytes;
+    for (std::size_t count = 1; count > 0;) {
+        const std::size_t before = bytes.size();
+        if (before > kLongest) throw Failure(ExitCode::Failed, name + " is too long for a text that people write");
+        bytes.resize(before + kPiece);
+        count = file.ReadTo(bytes.data() + before, kPiece);
+        bytes.resize(before + count);
+    }
+    return DecodedText(bytes);
 }
 
 }  // namespace vintrel::host

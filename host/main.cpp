@@ -12,6 +12,7 @@
 #include "host/options.h"
 #include "host/server.h"
 #include "host/text.h"
+#include "version.h"
 
 namespace vintrel::host {
 namespace {
@@ -24,6 +25,7 @@ constexpr const Command* kCommands[] = {
     &kConvertCommand,
     &kListenCommand,
     &kClassifyCommand,
+    &kDetectCommand,
     &kSimulateCommand,
     &kWakeUpCommand,
     &kCheckInCommand,

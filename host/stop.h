@@ -1,7 +1,9 @@
-// Ctrl-C, Ctrl-Break, a closed console or the end of the session ask the program to end its work cleanly.
+// Ctrl-C, Ctrl-Break, a closed console, log-off and shutdown ask the program to end its work cleanly.
 #pragma once
 
 #include <windows.h>
+
+#include "host/console.h"
 
 namespace vintrel::host {
 
@@ -17,6 +19,8 @@ class StopSignal {
 
  private:
     HANDLE event_;
+    Handle watcher_;
+    DWORD watcher_id_ = 0;
 };
 
 }  // namespace vintrel::host

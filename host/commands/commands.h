@@ -24,6 +24,7 @@ extern const Command kLinkCommand;
 extern const Command kConvertCommand;
 extern const Command kListenCommand;
 extern const Command kClassifyCommand;
+extern const Command kDetectCommand;
 extern const Command kSimulateCommand;
 extern const Command kWakeUpCommand;
 extern const Command kCheckInCommand;

@@ -3,15 +3,17 @@
 #include <cstdint>
 #include <string>
 
-#include "host/call_record.h"
+#include "host/calls/ask_call_layout.h"
+#include "host/calls/call_rows.h"
+#include "host/commands/capture_command.h"
 #include "host/commands/commands.h"
 #include "host/commands/common_options.h"
 #include "host/console.h"
-#include "host/input_file.h"
 #include "host/link/ask_link.h"
-#include "host/link/frames.h"
-#include "host/link/recognition.h"
-#include "host/output.h"
+#include "host/link/interpreter.h"
+#include "host/link/link_counts.h"
+#include "host/link/link_reader.h"
+#include "host/record_writer.h"
 #include "host/server.h"
 #include "host/text.h"
 
@@ -21,48 +23,45 @@ namespace {
 constexpr Option kOptions[] = {
     kModelOption,
     kFormatOption,
-    {"--readable", "", "in the capture control characters stand by name, such as <STX>, and line ends are no data"},
+    kSeparatorOption,
+    kValuesOption,
+    kWidthOption,
+    kReadableOption,
     {"--settings", "FOLDER", "folder of Quindara.cfg and Vintrel.ini, for exchanges whose records need them"},
     {"--verbose", "", "shows every frame that did not become a call, with the reason, on the error output"},
 };
 
 /// A capture may hold anything; a record beyond this is no record.
 constexpr std::size_t kLongestFrame = 16 * 1024 * 1024;
-constexpr std::array<std::string_view, 6> kKinds{"out", "in", "missed", "out+", "in+", "other"};
+constexpr std::array<std::string_view, 5> kKinds{"out", "in", "missed", "out+", "in+"};
 
-struct Counts {
-    std::uint64_t frames = 0;
+struct Counts : FrameCounts {
     std::uint64_t calls = 0;
-    std::uint64_t rejected = 0;   ///< by the server: headers, status lines, calls that are not charged
-    std::uint64_t malformed = 0;  ///< the server's answer has not the length of a record
-    std::uint64_t events = 0;     ///< room states, alarms, wake-up calls and link records
-    std::uint64_t broken = 0;     ///< half frames and frames without an end
+    std::uint64_t rejected = 0;  ///< by the server: headers, status lines, calls that are not charged
     std::array<std::uint64_t, kKinds.size()> kinds{};
 };
 
 class Progress {
  public:
-    explicit Progress(std::uint64_t total) : total_(total), shown_(ErrorOutputIsTerminal()) {}
+    explicit Progress(std::uint64_t total) : total_(total), shown_(ConsoleWidth(Stream::Error) > 0) {}
     ~Progress() {
         if (written_) WriteErrorText("\r" + std::string(40, ' ') + "\r");
     }
     Progress(const Progress&) = delete;
     Progress& operator=(const Progress&) = delete;
 
-    void Add(std::size_t bytes, std::uint64_t frames) {
+    void Show(std::uint64_t done, std::uint64_t frames) {
         constexpr DWORD kPause = 250;
-        done_ += bytes;
         if (!shown_ || GetTickCount() - last_ < kPause) return;
         last_ = GetTickCount();
         written_ = true;
         const std::string share =
-            total_ == 0 ? std::to_string(done_ / 1024) + " KB" : std::to_string(done_ * 100 / total_) + " %";
+            total_ == 0 ? std::to_string(done / 1024) + " KB" : std::to_string(done * 100 / total_) + " %";
         WriteErrorText("\r" + share + ", " + std::to_string(frames) + " records ");
     }
 
  private:
     std::uint64_t total_;
-    std::uint64_t done_ = 0;
     bool shown_;
     bool written_ = false;
     DWORD last_ = GetTickCount();
@@ -70,79 +69,90 @@ class Progress {
 
 class Conversion {
  public:
-    Conversion(const Server& server, const Model& model, Format format, bool verbose, Output& output)
-        : server_(server),
-          layout_(server),
-          recognition_(server, model),
-          dle_(server.Text(server.link, &_ComProgramSet::GetComDLERx)),
-          end_length_(FramingOf(server, model).end.size()),
-          writer_(format, layout_.Columns(), output),
-          type_(model.Code()),
-          verbose_(verbose) {
+    Conversion(const Server& server, const Model& model, const LinkAnswers& answers, const Options& options,
+               Output& output)
+        : layout_(AskCallLayout(server)),
+          rows_(layout_, ValuesOf(options)),
+          reader_(answers, "", ""),
+          interpreter_(server, model, layout_),
+          writer_(PresentationOf(options), rows_.Columns(), output),
+          verbose_(options.Has("--verbose")) {
         writer_.Begin();
     }
 
-    void Take(const FrameCutter::Piece& piece) {
-        if (piece.kind == FrameCutter::Kind::Loose) return;
-        if (piece.kind == FrameCutter::Kind::Frame) {
-            if (piece.bytes.size() > end_length_) Convert(piece.bytes);  // an empty line is no record
-            return;
-        }
-        ++counts.broken;
-        Tell("without an end", piece.bytes);
+    void Take(const LogLine& line) {
+        if (Interrupts(line)) return Leave("half a frame");
+        if (line.kind != LogLine::Kind::In) return;
+        reader_.Push(line.bytes);
+        while (const auto piece = reader_.Next()) Take(*piece);
     }
 
-    void Leave(std::string_view rest) {
-        if (rest.empty()) return;
-        ++counts.broken;
-        Tell("half a frame at the end", rest);
+    /// Gives up what has come of a frame.
+    void Leave(std::string_view reason) {
+        const std::string half = reader_.DropHalfFrame();
+        if (half.empty()) return;
+        ++counts.incomplete;
+        Tell(reason, half);
     }
+
+    std::string LeftOut() const { return writer_.LeftOut(); }
 
     Counts counts;
 
  private:
+    void Take(const LinkReader::Piece& piece) {
+        switch (piece.kind) {
+            case LinkReader::Kind::Frame: return Convert(piece.bytes);
+            case LinkReader::Kind::Broken:
+            case LinkReader::Kind::Overlong: ++counts.incomplete; return Tell("without an end", piece.bytes);
+            case LinkReader::Kind::Loose: {
+                const std::uint64_t loose = LooseBytes(piece.bytes);
+                counts.loose += loose;
+                return loose > 0 ? Tell("outside frames", piece.bytes) : void();
+            }
+            case LinkReader::Kind::Login:
+            case LinkReader::Kind::Confirmed:
+            case LinkReader::Kind::Refused:
+            case LinkReader::Kind::Empty: return;
+        }
+    }
+
     void Convert(std::string_view bytes) {
         ++counts.frames;
-        frame_.AssignBytes(bytes);
-        if (recognition_.Of(frame_) != FrameKind::CallRecord) {
-            ++counts.events;
-            return Tell("no call record", bytes);
+        const Reading reading = interpreter_.Read(bytes);
+        switch (reading.meaning) {
+            case Meaning::Call: return WriteCall(reading.form);
+            case Meaning::Event:
+            case Meaning::Record: ++counts.used; return Tell("no call record", bytes);
+            case Meaning::Other: return Tell("no call record", bytes);
+            case Meaning::Rejected: ++counts.rejected; return Tell("rejected", bytes);
+            case Meaning::Malformed: ++counts.malformed; return Tell("malformed", bytes, reading.why);
         }
-        CheckCall(server_.rx->GetComConvertStringRX(type_.InOut(), frame_.InOut(), record_.Out()));
-        const std::u16string_view record = record_.View();
-        if (record == dle_) {
-            ++counts.rejected;
-            return Tell("rejected", bytes);
-        }
-        if (record.size() != layout_.RecordLength()) {
-            ++counts.malformed;
-            return Tell("malformed", bytes);
-        }
+    }
+
+    void WriteCall(std::u16string_view record) {
+        ++counts.used;
         ++counts.calls;
-        CountKind(CallKind(layout_.Cut(record, CallField::Type)));
-        WriteCall(layout_, record, writer_);
+        const std::string_view kind = CallKind(layout_.Cut(record, CallField::Type));
+        for (std::size_t i = 0; i < kKinds.size(); ++i)
+            if (kKinds[i] == kind) ++counts.kinds[i];
+        rows_.Write(record, writer_);
         writer_.EndRecord();
     }
 
-    void CountKind(std::string_view kind) {
-        for (std::size_t i = 0; i < kKinds.size(); ++i)
-            if (kKinds[i] == kind) ++counts.kinds[i];
-    }
-
-    void Tell(std::string_view reason, std::string_view bytes) const {
+    void Tell(std::string_view reason, std::string_view bytes, std::string_view why = {}) const {
         constexpr std::size_t kShown = 400;
-        if (verbose_) WriteError(std::string(reason) + ": " + Readable(bytes.substr(0, kShown)));
+        if (!verbose_) return;
+        std::string line = std::string(reason) + ": " + Readable(bytes.substr(0, kShown));
+        if (!why.empty()) line.append(" (").append(why).append(")");
+        WriteError(line);
     }
 
-    const Server& server_;
     CallLayout layout_;
-    Recognition recognition_;
-    std::u16string dle_;
-    std::size_t end_length_;
+    CallRows rows_;
+    LinkReader reader_;
+    Interpreter interpreter_;
     RecordWriter writer_;
-    Bstr type_;
-    Bstr frame_;
-    Bstr record_;
     bool verbose_;
 };
 
@@ -154,41 +164,40 @@ std::string Summary(const Counts& counts) {
             kinds += (kinds.empty() ? "" : ", ") + std::to_string(counts.kinds[i]) + " " + std::string(kKinds[i]);
     if (!kinds.empty()) text += " (" + kinds + ")";
     text += ", " + std::to_string(counts.rejected) + " rejected, " + std::to_string(counts.malformed) + " malformed, " +
-            std::to_string(counts.events) + " not call records";
-    if (counts.broken > 0) text += ", " + std::to_string(counts.broken) + " incomplete";
+            std::to_string(counts.frames - counts.calls - counts.rejected - counts.malformed) + " not call records";
+    if (counts.incomplete > 0) text += ", " + std::to_string(counts.incomplete) + " incomplete";
+    if (counts.loose > 0) text += ", " + LooseText(counts.loose);
     return text;
 }
 
 ExitCode Run(const Options& options) {
     const std::string code = options.Require("--model");
-    const std::string& name = options.Word();
-    const Format format = ParseFormat(options.Get("--format", "table"));
-    InputFile input(name, options.Has("--readable") ? InputFile::Form::Readable : InputFile::Form::Bytes);
+    PresentationOf(options);
+    ValuesOf(options);
     const Server server;
     const Model model(server, code);
     Initialize(server, model, options.Get("--settings"));
+    LinkAnswers answers = AskAboutLink(server, model);
+    answers.framing.limit = kLongestFrame;
+    CaptureFile file(options.Word(), answers.framing, options);
 
-    Framing framing = FramingOf(server, model);
-    framing.limit = kLongestFrame;
-    FrameCutter cutter(framing);
     Output output = StandardOutput();
-    Conversion conversion(server, model, format, options.Has("--verbose"), output);
+    Conversion conversion(server, model, answers, options, output);
     {
-        Progress progress(input.Size());
-        const auto fill = [&] { return input.ReadTo(cutter.Room(InputFile::kPiece), InputFile::kPiece); };
-        for (std::size_t count = fill(); count > 0; count = fill()) {
-            cutter.Filled(count);
-            while (const auto piece = cutter.Next()) conversion.Take(*piece);
-            progress.Add(count, conversion.counts.frames);
+        Progress progress(file.Size());
+        for (LogLine line; file.Lines().Next(line);) {
+            conversion.Take(line);
+            progress.Show(file.Done(), conversion.counts.frames);
         }
     }
-    conversion.Leave(cutter.Rest());
+    conversion.Leave("half a frame at the end");
     output.Flush();
 
+    WriteError("Read as " + file.Lines().ReadAs() + ".");
     WriteError(Summary(conversion.counts));
-    if (conversion.counts.frames == 0 && conversion.counts.broken > 0)
-        WriteError("No record has an end: on this link one ends with " + Readable(framing.end));
-    return conversion.counts.malformed + conversion.counts.broken > 0 ? ExitCode::Failed : ExitCode::Ok;
+    TellLeftOut(conversion.LeftOut());
+    const bool good = JudgeCapture(server, model, answers.framing, file.Lines(), conversion.counts);
+    return good ? ExitCode::Ok : ExitCode::Failed;
 }
 
 }  // namespace
@@ -199,9 +208,12 @@ const Command kConvertCommand{
     "--model CODE [OPTIONS] FILE|-",
     "Cuts the capture into frames as the server says for the model, converts every call record and writes\n"
     "its fields. Hotel events and link records on the same link are recognised and counted.\n"
-    "At the end the counts are written to the error output. \"Rejected\" are lines that the server knows\n"
-    "to be no call; \"malformed\" are records that do not have the model's layout.\n"
-    "Exit code 1 when a record was malformed or incomplete.",
+    "The capture may be the bytes as they came, saved by an editor in UTF-8 or UTF-16, with any line ends, shown\n"
+    "with control characters by name, or the log of \"listen\": what it was read as is said at the end, on the\n"
+    "error output, with the counts. \"Rejected\" are lines that the server knows to be no call; \"malformed\"\n"
+    "are records that can be no calls: too short, or with a date, time or number that is none.\n"
+    "Exit code 1 when a record was malformed or incomplete, and when nothing in the capture could be used; then\n"
+    "the model that would read it is named.",
     kOptions,
     kCaptureWord,
     Run,

@@ -9,7 +9,7 @@
 #include "host/commands/common_options.h"
 #include "host/console.h"
 #include "host/link/ask_link.h"
-#include "host/output.h"
+#include "host/record_writer.h"
 #include "host/server.h"
 #include "host/text.h"
 
@@ -19,6 +19,8 @@ namespace {
 constexpr Option kOptions[] = {
     kModelOption,
     kFormatOption,
+    kSeparatorOption,
+    kWidthOption,
 };
 
 constexpr char16_t kTelnetCommand = 255;
@@ -225,7 +227,7 @@ std::string LoggingIn(const Server& server, Questions& ask) {
 }
 
 ExitCode Run(const Options& options) {
-    const Format format = ParseFormat(options.Get("--format", "table"));
+    const Presentation presentation = PresentationOf(options);
     const std::string code = options.Require("--model");
     const Server server;
     const Model model(server, code);
@@ -236,7 +238,7 @@ ExitCode Run(const Options& options) {
     const std::string log_in = LoggingIn(server, ask);
 
     Output output = StandardOutput();
-    if (format == Format::Table) {
+    if (presentation.format == Format::Table) {
         std::string& text = output.Text();
         ((text += ToUtf8(model.Code())) += "  ") += ToUtf8(model.Name());
         ((text += "\n\nOpen:   ") += open) += ".";
@@ -244,7 +246,13 @@ ExitCode Run(const Options& options) {
         ((text += "\nPace:   ") += pace) += ".";
         ((text += "\nLog in: ") += log_in) += ".\n\n";
     }
-    WriteRecords(format, {"Part", "Setting", "Answer", "Meaning", "Operation"}, ask.Records(), output);
+    TellLeftOut(WriteRecords(presentation,
+                             {{.title = "Part", .width = 0},
+                              {.title = "Setting", .width = 0},
+                              {.title = "Answer", .width = 0},
+                              {.title = "Meaning", .width = 0, .rank = 1},
+                              {.title = "Operation", .width = 0, .rank = 2}},
+                             ask.Records(), output));
     return ExitCode::Ok;
 }
 
@@ -253,7 +261,7 @@ ExitCode Run(const Options& options) {
 const Command kLinkCommand{
     "link",
     "says how to open, frame, pace and log in on a model's link",
-    "--model CODE [--format FORMAT]",
+    "--model CODE [OPTIONS]",
     "Asks the server everything that a host asks before it runs a link: in one line each how to open it,\n"
     "cut frames, pace commands and log in, then every answer with its meaning and its operation. Texts\n"
     "stand in quotes with control characters by name. Where the meaning of a number is the host's own,\n"

@@ -1,26 +1,17 @@
-// "listen": runs a link as a host application does, or replays the log of one.
-#include <winsock2.h>
-
-#include <windows.h>
-
-#include <memory>
+// "listen": runs a link as a host application does, or replays a capture of one.
 #include <string>
 
-#include "host/call_record.h"
+#include "host/calls/ask_call_layout.h"
 #include "host/clock.h"
+#include "host/commands/capture_command.h"
 #include "host/commands/commands.h"
 #include "host/commands/common_options.h"
 #include "host/commands/wire_options.h"
 #include "host/console.h"
-#include "host/input_file.h"
-#include "host/link/event.h"
-#include "host/link/order_file.h"
-#include "host/link/session.h"
-#include "host/link/traffic_log.h"
-#include "host/link/wire.h"
-#include "host/output.h"
+#include "host/link/ask_link.h"
+#include "host/link/running_link.h"
 #include "host/server.h"
-#include "host/stop.h"
+#include "host/text.h"
 
 namespace vintrel::host {
 namespace {
@@ -28,175 +19,126 @@ namespace {
 constexpr Option kOptions[] = {
     kModelOption,
     {"--connect", "HOST:PORT", "connects to the exchange, and again whenever the connection is lost"},
-    {"--listen", "PORT", "waits for the exchange to connect"},
+    {"--listen", "PORT", "waits for the exchange to connect, and keeps its connection when another one comes"},
     kAnyOption,
+    kFromOption,
     kSerialOption,
     kLineOption,
-    {"--replay", "FILE", "no link: the events of a log file again, just as they were"},
-    {"--log", "FOLDER", "keeps the bytes of both directions, one file a day"},
+    kHandshakeOption,
+    {"--replay", "FILE", "no link: the events of a log again, just as they were, or those of any capture"},
+    kReadableOption,
+    {"--log", "FOLDER", "keeps the bytes of both directions, one file per link and day"},
+    {"--show", "", "the bytes of both directions are events, too: <- from the exchange, -> to it"},
     {"--user", "NAME", "the login of exchanges that ask for one"},
-    {"--password", "TEXT", "its password"},
+    {"--password", "TEXT", "its password; it is shown nowhere"},
     {"--settings", "FOLDER", "folder of Quindara.cfg and Vintrel.ini"},
     {"--orders", "FILE", "orders to send once the link is up; see below"},
-    {"--silent", "SECONDS", "says when nothing has come for so long; 0 (default) never"},
+    {"--silent", "SECONDS", "says when nothing has come for so long, connected or not; 0 (default) never"},
+    {"--status", "SECONDS", "says so often how much has passed; 0 (default) never. A console shows it below"},
     {"--retry", "SECONDS", "between two attempts to connect; what the server says when not given"},
     {"--once", "", "ends when the connection is lost"},
     {"--for", "SECONDS", "ends by itself; 0 (default) runs until Ctrl-C"},
     kFormatOption,
+    kSeparatorOption,
+    kValuesOption,
+    kWidthOption,
 };
 
 constexpr unsigned kDay = 86'400;
 constexpr std::uint64_t kSecond = 1000;
 
-class Listening {
+std::uint64_t Seconds(const Options& options, std::string_view name, unsigned most) {
+    return kSecond * options.Number(name, 0, 0, most);
+}
+
+LinkJournal::Settings JournalSettings(const Options& options) {
+    return {.presentation = PresentationOf(options), .values = ValuesOf(options), .show = options.Has("--show")};
+}
+
+/// Lets a log, or the bytes of another capture, pass through the protocol once more.
+class Replay {
  public:
-    Listening(const Options& options, const Server& server, const Model& model)
-        : layout_(server),
-          output_(WriteOut),
-          events_(layout_, ParseFormat(options.Get("--format", "table")), output_),
-          log_(options.Get("--log")),
-          session_(server, model, layout_, {options.Get("--user"), options.Get("--password")},
-                   {[this](std::string_view bytes) { Send(bytes); },
-                    [this](const Moment& moment, const Event& event) { Note(moment, event); }, &events_,
-                    !options.Has("--replay")}),
-          orders_(server, model, options.Get("--orders")),
-          once_(options.Has("--once")),
-          silent_(kSecond * options.Number("--silent", 0, 0, kDay)) {}
+    Replay(const Server& server, const Model& model, const CallLayout& layout, LinkJournal& journal)
+        : journal_(journal),
+          session_(server, model, layout, {},
+                   {.send = [](std::string_view, bool) {},
+                    .note = [](const Moment&, const Event&) {},
+                    .keep = [] { return true; },
+                    .events = &journal.Events(),
+                    .live = false}) {}
 
-    void Run(std::unique_ptr<Wire> wire, std::uint64_t duration) {
-        wire_ = std::move(wire);
-        const StopSignal stop;
-        const std::uint64_t begin = Now().milliseconds;
-        output_.Flush();
-        while (!stop.Raised() && !(once_ && lost_) && (duration == 0 || Now().milliseconds - begin < duration)) {
-            WaitAndPump(stop);
-            moment_ = Now();
-            const Moment& moment = moment_;
-            for (const WireNews& news : wire_->Poll(moment.milliseconds)) Take(moment, news);
-            for (const Event& event : orders_.Feed(session_, moment.milliseconds, connected_)) Note(moment, event);
-            session_.Tick(moment);
-            WatchSilence(moment);
-            output_.Flush();
-        }
-        session_.SayGoodbye();
-        Note(Now(), {"ended", "", ""});
-        output_.Flush();
-    }
-
-    void Replay(const std::string& name) {
-        InputFile file(name);
-        std::string text;
-        for (std::string_view bytes = file.Read(); !bytes.empty(); bytes = file.Read()) {
-            text.append(bytes);
-            std::size_t begin = 0;
-            for (std::size_t end = text.find('\n'); end != std::string::npos; end = text.find('\n', begin)) {
-                if (const auto line = ParseLogLine(std::string_view(text).substr(begin, end - begin))) Again(*line);
-                begin = end + 1;
-            }
-            text.erase(0, begin);
-        }
-        output_.Flush();
-    }
-
-    const LinkAnswers& Answers() const { return session_.Answers(); }
-
- private:
-    /// Sleeps until there is something to do; the server's timers tick while messages are processed.
-    void WaitAndPump(const StopSignal& stop) {
-        constexpr DWORD kTurn = 50;
-        constexpr DWORD kSerialTurn = 10;
-        const HANDLE handles[] = {stop.Event(), wire_->Event()};
-        const bool signals = handles[1] != nullptr;
-        MsgWaitForMultipleObjects(signals ? 2 : 1, handles, FALSE, signals ? kTurn : kSerialTurn, QS_ALLINPUT);
-        MSG message{};
-        while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE) != 0) DispatchMessageW(&message);
-    }
-
-    void Take(const Moment& moment, const WireNews& news) {
-        heard_ = moment.milliseconds;
-        switch (news.kind) {
-            case WireNews::Kind::Connected:
-                refused_ = false;
-                Note(moment, {"connected", "", news.text});
-                connected_ = true;
-                return session_.Connected(moment);
-            case WireNews::Kind::Received:
-                if (silent_told_) Note(moment, {"heard again", "", ""});
-                silent_told_ = false;
-                log_.In(moment, news.text);
-                return session_.Received(moment, news.text);
-            case WireNews::Kind::Lost:
-                connected_ = false;
-                lost_ = true;
-                session_.Disconnected(moment);
-                return Note(moment, {"lost", "", news.text});
-            case WireNews::Kind::Refused:
-                // Said once, not every few seconds all night.
-                if (!refused_) Note(moment, {"refused", "", news.text});
-                refused_ = true;
-                return;
-        }
-    }
-
-    void WatchSilence(const Moment& moment) {
-        if (silent_ == 0 || silent_told_ || !connected_ || moment.milliseconds - heard_ < silent_) return;
-        silent_told_ = true;
-        Note(moment, {"silent", "", "nothing for " + std::to_string(silent_ / kSecond) + " seconds"});
-    }
-
-    void Again(const LogLine& line) {
+    void Take(const LogLine& line) {
+        moment_ = line.moment;
+        if (line.kind != LogLine::Kind::Note) journal_.Show(line.moment, line.kind, Readable(line.bytes));
         if (line.kind == LogLine::Kind::In) return session_.Received(line.moment, line.bytes);
         if (line.kind == LogLine::Kind::Out) return;
-        if (line.event.name == "lost") session_.Disconnected(line.moment);
-        if (line.event.name == kHalfFrame) session_.DropHalfFrame();
-        events_.Write(line.moment, line.event);
-        if (line.event.name == "connected") session_.Connected(line.moment);
+        if (line.event.name == kLost) session_.Disconnected(line.moment);
+        if (line.event.name == kHalfFrame || line.event.name == kLogGap) session_.DropHalfFrame();
+        journal_.Again(line.moment, line.event);
+        if (line.event.name == kConnected) session_.Connected(line.moment);
+        if (journal_.Lost()) journal_.Keep(line.moment);
     }
 
-    void Send(std::string_view bytes) {
-        if (!wire_) return;
-        log_.Out(moment_, bytes);
-        wire_->Send(bytes);
+    /// What has become of it all. A frame that the end has cut is told, as any half frame is on a link.
+    FrameCounts End() {
+        session_.Disconnected(moment_);
+        const LinkCounts& counts = session_.Counts();
+        return {.frames = counts.frames,
+                .used = counts.calls + counts.events,
+                .malformed = counts.malformed,
+                .loose = counts.loose};
     }
 
-    void Note(const Moment& moment, const Event& event) {
-        log_.Note(moment, event);
-        events_.Write(moment, event);
-    }
-
-    CallLayout layout_;
-    Output output_;
-    EventWriter events_;
-    TrafficLog log_;
+ private:
+    LinkJournal& journal_;
     Session session_;
-    OrderFile orders_;
-    std::unique_ptr<Wire> wire_;
-    Moment moment_;  ///< of this turn: what comes of one piece of news happens at one time
-    bool once_;
-    bool lost_ = false;
-    std::uint64_t silent_;
-    std::uint64_t heard_ = 0;
-    bool silent_told_ = false;
-    bool connected_ = false;
-    bool refused_ = false;
+    Moment moment_;
 };
+
+ExitCode RunReplay(const Options& options, const Server& server, const Model& model) {
+    const LinkAnswers answers = AskAboutLink(server, model);
+    const CallLayout layout = AskCallLayout(server);
+    CaptureFile file(options.Get("--replay"), answers.framing, options);
+    LinkJournal journal(layout, JournalSettings(options), {});
+    Replay replay(server, model, layout, journal);
+    for (LogLine line; file.Lines().Next(line);) replay.Take(line);
+    const FrameCounts counts = replay.End();
+    journal.Keep({});
+    if (journal.Lost()) throw Failure(ExitCode::Failed, "the output cannot be written");
+    if (file.Lines().ReadForm() != Capture::Form::Log) WriteError("Read as " + file.Lines().ReadAs() + ".");
+    TellLeftOut(journal.Events().LeftOut());
+    return JudgeCapture(server, model, answers.framing, file.Lines(), counts) ? ExitCode::Ok : ExitCode::Failed;
+}
+
+ExitCode RunLink(const Options& options, const Server& server, const Model& model) {
+    const LinkAnswers answers = AskAboutLink(server, model);
+    const CallLayout layout = AskCallLayout(server);
+    const RunningLink::Settings settings{
+        .credentials = {options.Get("--user"), options.Get("--password")},
+        .once = options.Has("--once"),
+        .silent = Seconds(options, "--silent", kDay),
+        .status = Seconds(options, "--status", kDay),
+        .duration = Seconds(options, "--for", 30 * kDay),
+    };
+    const std::uint64_t pause = options.Has("--retry") ? Seconds(options, "--retry", kDay) : answers.reconnect_pause;
+    OrderFile orders(server, model, options.Get("--orders"));
+    std::unique_ptr<Wire> wire = OpenWire(options, answers.raise_dtr_rts, pause);
+    const std::string link = LinkName(options);
+    const LogHead head{ToUtf8(model.Code()), ToUtf8(model.Name()) + ", " + link};
+    LinkJournal journal(layout, JournalSettings(options), TrafficLog(options.Get("--log"), head, link, Now()));
+    TellLeftOut(journal.Events().LeftOut());
+    const bool well = RunningLink(server, model, layout, settings, journal, std::move(orders), std::move(wire)).Run();
+    return well ? ExitCode::Ok : ExitCode::Failed;
+}
 
 ExitCode Run(const Options& options) {
     const std::string code = options.Require("--model");
-    RequireOneOf(options, {"--connect", "--listen", "--serial", "--replay"});
+    RequireOneWay(options, {"--connect", "--listen", "--serial", "--replay"});
+    JournalSettings(options);
     const Server server;
     const Model model(server, code);
     Initialize(server, model, options.Get("--settings"));
-    Listening listening(options, server, model);
-    if (options.Has("--replay")) {
-        listening.Replay(options.Get("--replay"));
-        return ExitCode::Ok;
-    }
-    const LinkAnswers& answers = listening.Answers();
-    const std::uint64_t pause =
-        options.Has("--retry") ? kSecond * options.Number("--retry", 0, 0, kDay) : answers.reconnect_pause;
-    listening.Run(OpenWire(options, answers.raise_dtr_rts, pause), kSecond * options.Number("--for", 0, 0, 30 * kDay));
-    return ExitCode::Ok;
+    return options.Has("--replay") ? RunReplay(options, server, model) : RunLink(options, server, model);
 }
 
 }  // namespace
@@ -207,11 +149,18 @@ const Command kListenCommand{
     "--model CODE (--connect HOST:PORT | --listen PORT | --serial PORT | --replay FILE) [OPTIONS]",
     "Runs the link as a hotel's host does: login, acknowledgements, signs of life and reconnection as the\n"
     "server says for the model. Calls, room states, alarms and wake-up results are written as they happen,\n"
-    "and so is what becomes of the link: connected, lost, refused, silent. Ctrl-C ends it.\n"
+    "and so is what becomes of the link: listening, connected, lost, refused, silent, unanswered, knock, and\n"
+    "wrong model when nothing that comes can be used. What the server converts and can be no call is malformed.\n"
+    "A record is acknowledged when it is written; an output that is full is waited for, and one that nobody\n"
+    "reads any more does not end the link. Ctrl-C, a closed console, log-off and shutdown end it.\n"
     "\n"
     "An order file holds one order per line: \"wakeup ROOM HHMM [DDMM]\", \"cancel ROOM HHMM [DDMM]\",\n"
     "\"checkin ROOM [NAME]\", \"checkout ROOM\", \"name ROOM NAME\" or \"wait SECONDS\"; # begins a comment.\n"
-    "A wake-up call without a day is meant for the next time that the clock shows.",
+    "A wake-up call without a day is meant for the next time that the clock shows. What became of each order\n"
+    "is told: confirmed, sent (to an exchange that confirms nothing), no answer, not confirmed, not sent.\n"
+    "\n"
+    "Ends with 1 when the link was never connected, an order was not confirmed or never sent, or a line of the\n"
+    "output or of the log is lost; with --replay, when nothing could be used or a record was malformed.",
     kOptions,
     "",
     Run,

@@ -24,9 +24,10 @@ constexpr Service kServices[] = {
 
 }  // namespace
 
-void WriteMatrix(const Server& server, const std::vector<std::string>& codes, Format format, Output& output) {
-    std::vector<std::string> titles{"Code", "Model"};
-    for (const Service& service : kServices) titles.emplace_back(service.title);
+std::string WriteMatrix(const Server& server, const std::vector<std::string>& codes, const Presentation& presentation,
+                        Output& output) {
+    std::vector<Column> columns{{.title = "Code", .width = 0}, {.title = "Model", .width = 0, .rank = 1}};
+    for (const Service& service : kServices) columns.push_back({.title = service.title, .width = 0});
 
     std::vector<std::vector<std::string>> records;
     for (const std::string& code : codes) {
@@ -38,7 +39,7 @@ void WriteMatrix(const Server& server, const std::vector<std::string>& codes, Fo
             record.push_back(service.level ? std::to_string(answer) : answer != 0 ? "yes" : "no");
         }
     }
-    WriteRecords(format, titles, records, output);
+    return WriteRecords(presentation, columns, records, output);
 }
 
 }  // namespace vintrel::host

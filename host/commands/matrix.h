@@ -4,12 +4,14 @@
 #include <string>
 #include <vector>
 
-#include "host/output.h"
+#include "host/record_writer.h"
 #include "host/server.h"
 
 namespace vintrel::host {
 
 /// A row per code: "yes" or "no" per service, and the wake-up date level.
-void WriteMatrix(const Server& server, const std::vector<std::string>& codes, Format format, Output& output);
+/// @return the columns that are left out
+std::string WriteMatrix(const Server& server, const std::vector<std::string>& codes, const Presentation& presentation,
+                        Output& output);
 
 }  // namespace vintrel::host

@@ -29,8 +29,10 @@ constexpr Option kOptions[] = {
     {"--listen", "PORT", "waits for the host to connect"},
     kAnyOption,
     {"--connect", "HOST:PORT", "connects to the host, as exchanges do that deliver their records"},
+    kFromOption,
     kSerialOption,
     kLineOption,
+    kHandshakeOption,
     {"--scenario", "FILE", "what to play instead of the built-in day; see below"},
     {"--pace", "MS", "milliseconds between two steps; 1000 when not given"},
     {"--fault", "FAULT", "in the middle of the day: half, garbage, silence or disconnect"},
@@ -42,7 +44,7 @@ constexpr std::uint64_t kSecond = 1000;
 
 std::vector<Step> Steps(const Options& options) {
     const std::string name = options.Get("--scenario");
-    std::vector<Step> steps = options.Has("--scenario") ? ParseScenario(ReadWholeFile(name), name)
+    std::vector<Step> steps = options.Has("--scenario") ? ParseScenario(ReadTextFile(name), name)
                                                         : ParseScenario(BuiltInDay(), "the built-in day");
     const std::string fault = options.Get("--fault");
     if (fault.empty()) return steps;
@@ -95,6 +97,8 @@ class Simulation {
 
     void Take(const WireNews& news, std::uint64_t now) {
         switch (news.kind) {
+            case WireNews::Kind::Listening: return Tell("--", "listening on " + news.text);
+            case WireNews::Kind::Knocked: return Tell("--", "knock: " + news.text);
             case WireNews::Kind::Connected: Tell("--", "connected " + news.text); return exchange_.Connected(now);
             case WireNews::Kind::Received: Tell("<-", Readable(news.text)); return exchange_.Received(news.text);
             case WireNews::Kind::Lost: exchange_.Disconnected(); return Tell("--", "lost: " + news.text);
@@ -131,7 +135,7 @@ void Print(const Options& options, std::string_view code, const LinkAnswers& ans
 
 ExitCode Run(const Options& options) {
     const std::string code = options.Require("--model");
-    RequireOneOf(options, {"--listen", "--connect", "--serial", "--print"});
+    RequireOneWay(options, {"--listen", "--connect", "--serial", "--print"});
     const Server server;
     const Model model(server, code);
     const LinkAnswers answers = AskAboutLink(server, model);

@@ -23,21 +23,23 @@ long NumberOf(const std::string& digits) { return static_cast<long>(ParseNumber(
 
 }  // namespace
 
-EventWriter::EventWriter(const CallLayout& layout, Format format, Output& output)
+EventWriter::EventWriter(const CallLayout& layout, const Presentation& presentation, Values values, Output& output)
     : layout_(layout),
-      writer_(format,
-              {{"Time", 23},
-               {"Event", 12},
-               {"Room", 5},
-               {"Detail", 24},
-               {"When", 14},
-               {"Number", layout.Length(CallField::Number)},
-               {"Duration", layout.Length(CallField::Duration)},
-               {"Unity", layout.Length(CallField::Unity)},
-               {"Line", layout.Length(CallField::Line)},
-               {"UserCode", layout.Length(CallField::UserCode)},
-               {"PTYNumber", layout.Length(CallField::PtyNumber)},
-               {"MacAddress", layout.Length(CallField::MacAddress)}},
+      values_(values),
+      rows_(layout, values),
+      writer_(presentation,
+              {{.title = "Time", .width = 23},
+               {.title = "Event", .width = 12},
+               {.title = "Room", .width = 5},
+               {.title = "Detail", .width = 24, .narrow = 6},  // what is longer stands where other events have nothing
+               {.title = "When", .width = values == Values::Plain ? 16U : 14U, .rank = 1},
+               rows_.ColumnOf(CallField::Number, "Number", 0),
+               rows_.ColumnOf(CallField::Duration, "Duration", 0),
+               rows_.ColumnOf(CallField::Unity, "Unity", 2),
+               rows_.ColumnOf(CallField::Line, "Line", 3),
+               rows_.ColumnOf(CallField::UserCode, "UserCode", 4),
+               rows_.ColumnOf(CallField::PtyNumber, "PTYNumber", 5),
+               rows_.ColumnOf(CallField::MacAddress, "MacAddress", 6)},
               output) {
     writer_.Begin();
 }
@@ -55,22 +57,23 @@ void EventWriter::Write(const Moment& moment, const Event& event) {
 }
 
 void EventWriter::WriteCall(const Moment& moment, std::u16string_view record) {
-    const CallKey key = KeyOf(layout_, record);
-    Head(moment, {"call", key.room, std::string(CallKind(layout_.Cut(record, CallField::Type)))});
-    writer_.Cell(std::string_view(key.date + " " + key.time));
+    Head(moment, {"call", KeyOf(layout_, record).room, std::string(CallKind(layout_.Cut(record, CallField::Type)))});
+    const CallStart start = StartOf(layout_, record, values_);
+    writer_.Cell(std::string_view(start.date + " " + start.time));
     for (const CallField field : {CallField::Number, CallField::Duration, CallField::Unity, CallField::Line,
                                   CallField::UserCode, CallField::PtyNumber, CallField::MacAddress})
-        writer_.Cell(layout_.Cut(record, field));
+        rows_.WriteField(record, field, writer_);
     writer_.EndRecord();
 }
 
 CallKey KeyOf(const CallLayout& layout, std::u16string_view record) {
     const auto cut = [&](CallField field) { return ToUtf8(layout.Cut(record, field)); };
+    const CallStart start = StartOf(layout, record, Values::Exchange);
     CallKey key;
     key.room = RoomOf(std::string(Trimmed(cut(CallField::User))));
     key.user = NumberOf(key.room);
-    key.date = cut(CallField::Day) + "." + cut(CallField::Month) + "." + cut(CallField::Year);
-    key.time = cut(CallField::Hour) + ":" + cut(CallField::Minute);
+    key.date = start.date;
+    key.time = start.time;
     key.duration = NumberOf(cut(CallField::Duration));
     key.outgoing = CallKind(layout.Cut(record, CallField::Type)).starts_with("out");
     return key;

@@ -4,32 +4,29 @@
 #include <string>
 #include <string_view>
 
-#include "host/call_record.h"
+#include "host/calls/call_layout.h"
+#include "host/calls/call_rows.h"
 #include "host/clock.h"
-#include "host/output.h"
+#include "host/link/log_line.h"
+#include "host/record_writer.h"
 
 namespace vintrel::host {
 
-inline constexpr const char* kHalfFrame = "half frame";
-
-struct Event {
-    std::string name;    ///< call, transfer, room, alarm, wakeup, wakeup-set, connected, lost, silent, ...
-    std::string room;    ///< digits; "" where the event has none
-    std::string detail;  ///< UTF-8
-};
-
 class EventWriter {
  public:
-    EventWriter(const CallLayout& layout, Format format, Output& output);
+    EventWriter(const CallLayout& layout, const Presentation& presentation, Values values, Output& output);
 
     void Write(const Moment& moment, const Event& event);
-    /// @param record  a converted record of full length
+    /// @param record  a converted record that can be a call
     void WriteCall(const Moment& moment, std::u16string_view record);
+    std::string LeftOut() const { return writer_.LeftOut(); }
 
  private:
     void Head(const Moment& moment, const Event& event);
 
     const CallLayout& layout_;
+    Values values_;
+    CallRows rows_;
     RecordWriter writer_;
 };
 

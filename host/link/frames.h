@@ -10,9 +10,10 @@ namespace vintrel::host {
 
 /// How the frames of a link are told apart, as the server answers it.
 struct Framing {
-    std::string start;  ///< the character that opens a frame; "" where a frame begins when the one before has ended
-    std::string end;
-    std::string end2;  ///< a second way to end a frame; "" for none
+    std::string start =
+        {};  ///< the character that opens a frame; "" where a frame begins when the one before has ended
+    std::string end = {};
+    std::string end2 = {};  ///< a second way to end a frame; "" for none
     /// A frame that grows beyond this without its end is given up: nothing that a peer sends fills the memory.
     std::size_t limit = std::size_t{1024} * 1024;
 };

@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "host/link/password_mask.h"
+
 namespace vintrel::host {
 namespace {
 
@@ -26,16 +28,22 @@ std::string Login::Begin() {
     return answers_.login_request;
 }
 
-std::optional<Login::Reply> Login::Hear(std::string_view bytes) {
+std::optional<Login::Reply> Login::HearNegotiation(std::string_view bytes) const {
     const std::string& request = answers_.exchange_request;
-    if (!request.empty() && bytes.starts_with(request)) return Reply{request.size(), answers_.confirm_exchange, false};
+    if (!request.empty() && bytes.starts_with(request))
+        return Reply{.taken = request.size(), .answer = answers_.confirm_exchange};
     // Other options of the same negotiation are left unanswered, which refuses them.
     if (!request.empty() && request[0] == kTelnetCommand && bytes.starts_with(kTelnetCommand) &&
         bytes.size() >= kTelnetLength)
-        return Reply{kTelnetLength, "", false};
+        return Reply{.taken = kTelnetLength};
+    return std::nullopt;
+}
+
+std::optional<Login::Reply> Login::Hear(std::string_view bytes) {
+    if (const std::optional<Reply> reply = HearNegotiation(bytes)) return reply;
     if (!confirmed_ && !answers_.login_confirmed.empty() && bytes.starts_with(answers_.login_confirmed)) {
         confirmed_ = true;
-        return Reply{answers_.login_confirmed.size(), "", true};
+        return Reply{.taken = answers_.login_confirmed.size(), .finished = true};
     }
     return HearPrompt(bytes);
 }
@@ -47,12 +55,26 @@ std::optional<Login::Reply> Login::HearPrompt(std::string_view bytes) {
     if (Asks(bytes, answers_.password_prompt)) {
         dialogue_ = true;
         echoes_ = 0;
-        return Reply{bytes.size(), typed(password_, answers_.password_answer), true};
+        return Reply{.taken = bytes.size(),
+                     .answer = typed(password_, answers_.password_answer),
+                     .finished = true,
+                     .secret = true};
     }
     if (Asks(bytes, answers_.user_prompt)) {
         dialogue_ = true;
         echoes_ = 1;
-        return Reply{bytes.size(), typed(user_, answers_.user_answer), false};
+        return Reply{.taken = bytes.size(), .answer = typed(user_, answers_.user_answer)};
+    }
+    return std::nullopt;
+}
+
+std::optional<Login::Reply> Login::HearInLine(std::string_view line) {
+    if (const std::optional<Reply> reply = HearNegotiation(line)) return reply;
+    for (const std::string* prompt : {&answers_.user_prompt, &answers_.password_prompt}) {
+        if (prompt->size() < 2 || !line.starts_with(*prompt)) continue;
+        std::optional<Reply> reply = HearPrompt(*prompt);
+        reply->taken = line.size();
+        return reply;
     }
     return std::nullopt;
 }
@@ -60,7 +82,8 @@ std::optional<Login::Reply> Login::HearPrompt(std::string_view bytes) {
 bool Login::IsEcho(std::string_view frame) {
     if (!dialogue_) return false;
     while (!frame.empty() && (frame.back() == '\r' || frame.back() == '\n')) frame.remove_suffix(1);
-    if (frame.find_first_not_of('*') == std::string_view::npos) return true;
+    if (frame.find_first_not_of('*') == std::string_view::npos || frame == kPasswordShown) return true;
+    if (!password_.empty() && frame == password_) return true;
     return std::exchange(echoes_, 0) > 0;
 }
 

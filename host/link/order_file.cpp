@@ -10,30 +10,39 @@ namespace vintrel::host {
 OrderFile::OrderFile(const Server& server, const Model& model, const std::string& name)
     : server_(server), code_(model.Code()) {
     if (name.empty()) return;
-    for (OrderLine& order : ParseOrders(ReadWholeFile(name), name, LocalTime())) orders_.push_back(std::move(order));
+    for (OrderLine& order : ParseOrders(ReadTextFile(name), name, LocalTime())) orders_.push_back(std::move(order));
 }
 
 std::vector<Event> OrderFile::Feed(Session& session, std::uint64_t now, bool connected) {
     constexpr std::uint64_t kSecond = 1000;
     std::vector<Event> events;
     while (connected && !orders_.empty() && now >= due_ && session.OrdersSent()) {
-        const OrderLine order = orders_.front();
+        OrderLine order = orders_.front();
         orders_.pop_front();
         if (order.verb == OrderLine::Verb::Wait) {
             due_ = now + kSecond * order.seconds;
             continue;
         }
+        if (!order.time.empty() && order.date.empty()) order.date = NextDayAt(order.time, LocalTime());
         const std::string room = std::to_string(order.room);
+        const std::string words = Described(order);
         const std::u16string answer = Ask(order);
-        if (answer == u"<OK>" || answer == u"<ERROR>") {
-            events.push_back({"order", room, order.word + " " + ToUtf8(answer)});
-        } else if (answer.empty()) {
-            events.push_back({"order", room, order.word + " is no order of this model"});
-        } else {
-            session.Queue(ToBytes(answer));
-            events.push_back({"order", room, Described(order)});
-        }
+        const bool verdict = answer == u"<OK>" || answer == u"<ERROR>";
+        failed_ = failed_ || answer.empty() || answer == u"<ERROR>";
+        if (!verdict && !answer.empty()) session.Queue({room, words, ToBytes(answer)});
+        events.push_back({"order", room,
+                          verdict          ? words + " " + ToUtf8(answer)
+                          : answer.empty() ? words + " is no order of this model"
+                                           : words});
     }
+    return events;
+}
+
+std::vector<Event> OrderFile::Left() const {
+    std::vector<Event> events;
+    for (const OrderLine& order : orders_)
+        if (order.verb != OrderLine::Verb::Wait)
+            events.push_back({"not sent", std::to_string(order.room), Described(order)});
     return events;
 }
 
@@ -55,7 +64,7 @@ std::u16string OrderFile::Ask(const OrderLine& order) const {
         case OrderLine::Verb::WakeUp:
         case OrderLine::Verb::Cancel: {
             Bstr time(FromUtf8(order.time));
-            Bstr date(FromUtf8(order.date.empty() ? NextDayAt(order.time, LocalTime()) : order.date));
+            Bstr date(FromUtf8(order.date));
             short mode = order.verb == OrderLine::Verb::Cancel ? 1 : 0;
             return server_.Text(server_.tx, &_ComEventsTX::ComEventClockTX, type.InOut(), &room, time.InOut(),
                                 date.InOut(), &mode, &language);

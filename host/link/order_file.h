@@ -19,6 +19,10 @@ class OrderFile {
 
     /// Hands the orders that are due to the session. @return which they are, or what else became of them
     std::vector<Event> Feed(Session& session, std::uint64_t now, bool connected);
+    /// What has not been handed to the session.
+    std::vector<Event> Left() const;
+    /// Whether the model has no such order, or the exchange answered <ERROR>.
+    bool Failed() const { return failed_; }
 
  private:
     std::u16string Ask(const OrderLine& order) const;
@@ -27,6 +31,7 @@ class OrderFile {
     std::u16string code_;
     std::deque<OrderLine> orders_;
     std::uint64_t due_ = 0;
+    bool failed_ = false;
 };
 
 }  // namespace vintrel::host

@@ -1,12 +1,33 @@
 #include "host/link/recognition.h"
 
+#include <optional>
+#include <string_view>
+
 namespace vintrel::host {
 namespace {
 
 constexpr std::u16string_view kFiasRoomState = u"\2RE|RN1|RS1|\3";
-constexpr std::u16string_view kFiasPosting = u"\2PS|";
 /// The length that the server reports for models whose records and events do not differ by length.
 constexpr std::size_t kAnyLength = 9999;
+
+std::optional<FrameKind> FiasKind(std::u16string_view frame) {
+    struct Row {
+        std::u16string_view type;
+        FrameKind kind;
+    };
+    static constexpr Row kRows[] = {
+        {u"PS", FrameKind::CallRecord},  {u"LS", FrameKind::LinkRecord},  {u"LA", FrameKind::LinkRecord},
+        {u"LE", FrameKind::LinkRecord},  {u"LD", FrameKind::LinkRecord},  {u"LR", FrameKind::LinkRecord},
+        {u"DR", FrameKind::LinkRecord},  {u"DS", FrameKind::LinkRecord},  {u"DE", FrameKind::LinkRecord},
+        {u"GI", FrameKind::GuestRecord}, {u"GO", FrameKind::GuestRecord}, {u"GC", FrameKind::GuestRecord},
+    };
+    if (frame.size() < 4) return std::nullopt;
+    const std::u16string_view type = frame.substr(1, 2);  // behind the start character
+    const bool whole = frame[3] == u'|' || frame[3] == u'\3';
+    for (const Row& row : kRows)
+        if (whole && row.type == type) return row.kind;
+    return std::nullopt;
+}
 
 }  // namespace
 
@@ -31,7 +52,7 @@ short Recognition::Class(HRESULT (STDMETHODCALLTYPE _ComEventsRX::*classifier)(B
 FrameKind Recognition::Of(Bstr& frame) {
     if (fias_) {
         // Records of this link tell themselves apart by their type, and only postings are calls.
-        if (frame.View().starts_with(kFiasPosting)) return FrameKind::CallRecord;
+        if (const std::optional<FrameKind> kind = FiasKind(frame.View())) return *kind;
     } else if (frame.View().size() > event_length_) {
         return FrameKind::CallRecord;
     }

@@ -2,13 +2,21 @@
 #pragma once
 
 #include <cstdint>
-#include <string_view>
 
 #include "host/server.h"
 
 namespace vintrel::host {
 
-enum class FrameKind : std::uint8_t { CallRecord, RoomState, RoomAlarm, WakeUpResult, WakeUpSetting, Other };
+enum class FrameKind : std::uint8_t {
+    CallRecord,
+    RoomState,
+    RoomAlarm,
+    WakeUpResult,
+    WakeUpSetting,
+    LinkRecord,   ///< of the link to a property-management system: its start, end, signs of life and descriptions
+    GuestRecord,  ///< on the same link: a guest arrives, leaves or changes
+    Other
+};
 
 /// Whether the link carries the records of a property-management system: the server then recognises their room states.
 bool SpeaksFias(const Server& server, const Model& model);

@@ -5,23 +5,61 @@
 #include "host/console.h"
 #include "host/failure.h"
 #include "host/link/wire.h"
-#include "host/text.h"
 
 namespace vintrel::host {
 namespace {
 
+Handle OpenPort(const std::string& name, DWORD access) {
+    const std::wstring device = L"\\\\.\\" + ToWide(name);
+    return Handle(CreateFileW(device.c_str(), access, 0, nullptr, OPEN_EXISTING, 0, nullptr));
+}
+
+bool IsMissing(DWORD error) { return error == ERROR_FILE_NOT_FOUND || error == ERROR_PATH_NOT_FOUND; }
+
+/// The names of this machine's serial ports, in use or not.
+std::string ExistingPorts() {
+    constexpr int kMost = 256;
+    std::string names;
+    for (int number = 1; number <= kMost; ++number) {
+        const std::string name = "COM" + std::to_string(number);
+        if (OpenPort(name, 0).Valid() || !IsMissing(GetLastError()))
+            names.append(names.empty() ? "" : ", ").append(name);
+    }
+    return names;
+}
+
+DCB ControlBlock(const SerialSettings& settings) {
+    DCB block{};
+    block.DCBlength = sizeof block;
+    const LineSettings& line = settings.line;
+    const std::string definition = "baud=" + std::to_string(line.baud) + " data=" + std::to_string(line.bits) +
+                                   " parity=" + line.parity + " stop=" + line.stop;
+    if (BuildCommDCBW(ToWide(definition).c_str(), &block) == 0)
+        throw Failure(ExitCode::Usage, "no serial port can be set to " + definition);
+    const bool hardware = settings.handshake == Handshake::Hardware;
+    const bool software = settings.handshake == Handshake::Software;
+    block.fBinary = TRUE;
+    block.fAbortOnError = FALSE;
+    block.fDtrControl = settings.raise_dtr_rts ? DTR_CONTROL_ENABLE : DTR_CONTROL_DISABLE;
+    block.fRtsControl = settings.raise_dtr_rts ? RTS_CONTROL_ENABLE : RTS_CONTROL_DISABLE;
+    if (hardware) block.fRtsControl = RTS_CONTROL_HANDSHAKE;
+    block.fOutxCtsFlow = hardware ? TRUE : FALSE;
+    block.fOutX = software ? TRUE : FALSE;
+    block.fInX = software ? TRUE : FALSE;
+    constexpr char kXon = 0x11;
+    constexpr char kXoff = 0x13;
+    constexpr WORD kRoom = 512;
+    block.XonChar = kXon;
+    block.XoffChar = kXoff;
+    block.XonLim = kRoom;
+    block.XoffLim = kRoom;
+    return block;
+}
+
 class Serial : public Wire {
  public:
-    Serial(SerialSettings settings, std::uint64_t pause) : settings_(std::move(settings)), pause_(pause) {
-        line_.DCBlength = sizeof line_;
-        if (BuildCommDCBW(ToWide(Definition()).c_str(), &line_) == 0)
-            throw Failure(ExitCode::Usage,
-                          "--line takes BAUD,BITS,PARITY,STOP such as 9600,8,N,1, not \"" + settings_.line + "\"");
-        line_.fBinary = TRUE;
-        line_.fDtrControl = settings_.raise_dtr_rts ? DTR_CONTROL_ENABLE : DTR_CONTROL_DISABLE;
-        line_.fRtsControl = settings_.raise_dtr_rts ? RTS_CONTROL_ENABLE : RTS_CONTROL_DISABLE;
-        line_.fAbortOnError = FALSE;
-    }
+    Serial(SerialSettings settings, std::uint64_t pause)
+        : settings_(std::move(settings)), pause_(pause), line_(ControlBlock(settings_)) {}
 
     HANDLE Event() const override { return nullptr; }
 
@@ -31,7 +69,7 @@ class Serial : public Wire {
             if (now < next_) return news;
             next_ = now + pause_;
             if (!Open()) {
-                news.push_back({WireNews::Kind::Refused, settings_.port + ": " + SystemMessage(GetLastError())});
+                news.push_back({WireNews::Kind::Refused, settings_.port + ": " + WhyNot(GetLastError())});
                 return news;
             }
             news.push_back({WireNews::Kind::Connected, settings_.port});
@@ -55,20 +93,8 @@ class Serial : public Wire {
     void Drop() override { port_.Close(); }
 
  private:
-    std::string Definition() const {
-        std::array<std::string, 4> parts{"9600", "8", "N", "1"};
-        std::size_t at = 0;
-        for (std::size_t part = 0; part < parts.size() && at <= settings_.line.size(); ++part) {
-            const std::size_t comma = std::min(settings_.line.find(',', at), settings_.line.size());
-            if (comma > at) parts[part] = settings_.line.substr(at, comma - at);
-            at = comma + 1;
-        }
-        return "baud=" + parts[0] + " data=" + parts[1] + " parity=" + parts[2] + " stop=" + parts[3];
-    }
-
     bool Open() {
-        const std::wstring name = L"\\\\.\\" + ToWide(settings_.port);
-        port_ = Handle(CreateFileW(name.c_str(), GENERIC_READ | GENERIC_WRITE, 0, nullptr, OPEN_EXISTING, 0, nullptr));
+        port_ = OpenPort(settings_.port, GENERIC_READ | GENERIC_WRITE);
         if (!port_.Valid()) return false;
         COMMTIMEOUTS timeouts{};
         timeouts.ReadIntervalTimeout = MAXDWORD;    // a read takes what is there
@@ -82,6 +108,12 @@ class Serial : public Wire {
         if (!ready) port_.Close();
         SetLastError(error);
         return ready;
+    }
+
+    static std::string WhyNot(DWORD error) {
+        if (!IsMissing(error)) return SystemMessage(error);
+        const std::string ports = ExistingPorts();
+        return ports.empty() ? "there is no serial port on this machine" : "there is no such port, but " + ports;
     }
 
     void Lose(std::uint64_t now, std::vector<WireNews>& news) {

@@ -8,62 +8,86 @@
 namespace vintrel::host {
 namespace {
 
-constexpr std::size_t kStampLength = 23;  // 2026-11-15 06:00:00.123
 constexpr std::size_t kDayLength = 10;
-constexpr std::size_t kMarkLength = 4;  // " <- "
+
+/// A part of a file's name.
+std::string ForName(std::string_view text) {
+    std::string name;
+    for (const char c : text) {
+        const bool plain = IsDigit(c) || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || c == '.' || c == '-';
+        name += plain ? c : '_';
+    }
+    return name;
+}
 
 }  // namespace
 
-std::optional<LogLine> ParseLogLine(std::string_view line) {
-    while (!line.empty() && (line.back() == '\r' || line.back() == '\n')) line.remove_suffix(1);
-    if (line.size() < kStampLength + kMarkLength) return std::nullopt;
-    const std::string_view mark = line.substr(kStampLength, kMarkLength);
-    const std::string_view rest = line.substr(kStampLength + kMarkLength);
-    LogLine result;
-    result.moment.stamp = line.substr(0, kStampLength);
-    if (mark == " <- " || mark == " -> ") {
-        result.kind = mark == " <- " ? LogLine::Kind::In : LogLine::Kind::Out;
-        result.bytes = FromReadable(rest);
-        return result;
-    }
-    const std::size_t first = rest.find('|');
-    const std::size_t second = first == std::string_view::npos ? first : rest.find('|', first + 1);
-    if (mark != " -- " || second == std::string_view::npos) return std::nullopt;
-    result.event = {std::string(rest.substr(0, first)), std::string(rest.substr(first + 1, second - first - 1)),
-                    std::string(rest.substr(second + 1))};
-    return result;
-}
-
-TrafficLog::TrafficLog(std::string folder) : folder_(std::move(folder)) {
-    if (!folder_.empty() && !IsFolder(folder_))
-        throw Failure(ExitCode::Failed, "there is no folder " + folder_ + " for the log");
-}
-
-void TrafficLog::Note(const Moment& moment, const Event& event) {
-    WriteLine(moment, "-- " + event.name + "|" + event.room + "|" + event.detail);
-}
-
-void TrafficLog::Write(const Moment& moment, std::string_view mark, std::string_view bytes) {
-    WriteLine(moment, std::string(mark) + Readable(bytes));
-}
-
-void TrafficLog::WriteLine(const Moment& moment, const std::string& text) {
+TrafficLog::TrafficLog(std::string folder, const LogHead& head, std::string link, const Moment& now)
+    : folder_(std::move(folder)), head_(head), link_(std::move(link)) {
     if (folder_.empty()) return;
-    const std::string day = moment.stamp.substr(0, kDayLength);
-    if (day != day_ || !file_.Valid()) {
-        day_ = day;
-        const std::string name = folder_ + "\\link-" + day + ".log";
-        file_ = Handle(CreateFileW(ToWide(name).c_str(), FILE_APPEND_DATA, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
-                                   OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
-    }
-    const std::string line = moment.stamp + " " + text + "\n";
+    if (!IsFolder(folder_)) throw Failure(ExitCode::Failed, "there is no folder " + folder_ + " for the log");
+    if (!Open(now)) throw Failure(ExitCode::Failed, "the log cannot be written: " + SystemMessage(GetLastError()));
+}
+
+/// The file of the day. Nobody else may write to it, so two programs do not mix their lines.
+bool TrafficLog::Open(const Moment& moment) {
+    day_ = moment.stamp.substr(0, kDayLength);
+    const std::string name = folder_ + "\\link-" + head_.code + "-" + ForName(link_) + "-" + day_ + ".log";
+    file_ = Handle(CreateFileW(ToWide(name).c_str(), GENERIC_READ | GENERIC_WRITE, FILE_SHARE_READ, nullptr,
+                               OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
+    if (!file_.Valid()) return false;
+    LARGE_INTEGER size{};
+    GetFileSizeEx(file_.Get(), &size);
+    end_ = size.QuadPart;
+    // A line that a failing computer has left half written stands by itself.
+    char last = '\n';
+    DWORD count = 0;
+    LARGE_INTEGER place{};
+    place.QuadPart = end_ - 1;
+    if (end_ > 0 && SetFilePointerEx(file_.Get(), place, nullptr, FILE_BEGIN) != 0)
+        ReadFile(file_.Get(), &last, 1, &count, nullptr);
+    return (last == '\n' || Append("")) && Append(HeadLine(moment, head_));
+}
+
+/// Writes a line behind the last whole one: what is left of a line that did not fit is written over.
+bool TrafficLog::Append(const std::string& line) {
+    const std::string text = line + "\n";
+    LARGE_INTEGER place{};
+    place.QuadPart = end_;
     DWORD written = 0;
-    const bool good =
-        file_.Valid() && WriteFile(file_.Get(), line.data(), static_cast<DWORD>(line.size()), &written, nullptr) != 0;
-    // A full disk must not stop the hotel's calls: it is said once, and the next line is tried again.
-    if (!good && !std::exchange(failed_, true))
-        WriteError("the log cannot be written: " + SystemMessage(GetLastError()));
-    if (good) failed_ = false;
+    if (SetFilePointerEx(file_.Get(), place, nullptr, FILE_BEGIN) == 0) return false;
+    const bool good = WriteFile(file_.Get(), text.data(), static_cast<DWORD>(text.size()), &written, nullptr) != 0;
+    if (good && written == text.size()) {
+        end_ += written;
+        return true;
+    }
+    const DWORD error = good ? ERROR_DISK_FULL : GetLastError();
+    SetFilePointerEx(file_.Get(), place, nullptr, FILE_BEGIN);
+    SetEndOfFile(file_.Get());
+    SetLastError(error);
+    return false;
+}
+
+std::optional<Event> TrafficLog::Fail(const Moment& moment) {
+    ++lost_;
+    if (missing_++ > 0) return std::nullopt;  // it is said once, not all night
+    failed_at_ = moment.stamp;
+    return Event{"no log", "", SystemMessage(GetLastError())};
+}
+
+std::optional<Event> TrafficLog::Write(const Moment& moment, const std::string& line) {
+    if (folder_.empty()) return std::nullopt;
+    const bool same_day = moment.stamp.compare(0, kDayLength, day_) == 0;
+    if (!(same_day && file_.Valid()) && !Open(moment)) return Fail(moment);
+    std::optional<Event> gap;
+    if (missing_ > 0) {
+        gap = Event{kLogGap, "",
+                    std::to_string(missing_) + " lines are missing since " + failed_at_ + "; writing works again"};
+        if (!Append(NoteLine(moment, *gap))) return Fail(moment);
+        missing_ = 0;
+    }
+    if (!Append(line)) return Fail(moment);
+    return gap;
 }
 
 }  // namespace vintrel::host

@@ -1,48 +1,46 @@
-// The raw traffic of a link on disk: one file a day, a line per piece as it came or went, so that a technician can read
-// the night and a program can replay it.
-//
-//     2026-11-15 06:00:00.123 <- <STX>0700123<ETX>        from the exchange
-//     2026-11-15 06:00:00.124 -> <ACK>                    to the exchange
-//     2026-11-15 06:00:09.000 -- lost||closed by the peer  what happened besides: event, room and detail
+// The raw traffic of a link on disk: one file per link and day, a line per piece as it came or went, so that a
+// technician can read the night and a program can replay it (see log_line.h).
 #pragma once
 
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
 
 #include "host/console.h"
-#include "host/link/event.h"
+#include "host/link/log_line.h"
 
 namespace vintrel::host {
 
-struct LogLine {
-    enum class Kind : char { In = '<', Out = '>', Note = '-' };
-    Moment moment;
-    Kind kind = Kind::Note;
-    std::string bytes;  ///< of In and Out
-    Event event;        ///< of Note
-};
-
-/// Nothing for a line of another form.
-std::optional<LogLine> ParseLogLine(std::string_view line);
-
 class TrafficLog {
  public:
-    /// @param folder  "" keeps no log. @throws Failure when the folder is not there.
-    explicit TrafficLog(std::string folder);
+    /// Keeps nothing.
+    TrafficLog() = default;
+    /// @param link  what the link is to: it stands in the name of the file
+    /// @throws Failure when the folder is not there, or its file cannot be written.
+    TrafficLog(std::string folder, const LogHead& head, std::string link, const Moment& now);
 
-    void In(const Moment& moment, std::string_view bytes) { Write(moment, "<- ", bytes); }
-    void Out(const Moment& moment, std::string_view bytes) { Write(moment, "-> ", bytes); }
-    void Note(const Moment& moment, const Event& event);
+    /// @return what there is to tell: that writing has failed, or works again
+    std::optional<Event> Write(const Moment& moment, const std::string& line);
+
+    bool Keeps() const { return file_.Valid() && missing_ == 0; }
+    /// Lines of the whole run that are not there.
+    std::uint64_t Lost() const { return lost_; }
 
  private:
-    void Write(const Moment& moment, std::string_view mark, std::string_view bytes);
-    void WriteLine(const Moment& moment, const std::string& text);
+    bool Open(const Moment& moment);
+    bool Append(const std::string& line);
+    std::optional<Event> Fail(const Moment& moment);
 
     std::string folder_;
+    LogHead head_;
+    std::string link_;
     std::string day_;
     Handle file_;
-    bool failed_ = false;
+    LONGLONG end_ = 0;           ///< of the last whole line
+    std::uint64_t missing_ = 0;  ///< lines, since writing failed
+    std::uint64_t lost_ = 0;
+    std::string failed_at_;
 };
 
 }  // namespace vintrel::host

@@ -11,10 +11,20 @@
 #include <string_view>
 #include <vector>
 
+#include "host/link/address.h"
+#include "host/link/line_settings.h"
+
 namespace vintrel::host {
 
 struct WireNews {
-    enum class Kind : std::uint8_t { Connected, Received, Lost, Refused };
+    enum class Kind : std::uint8_t {
+        Listening,  ///< the address and the port
+        Connected,
+        Received,
+        Lost,
+        Refused,  ///< an attempt to connect has failed
+        Knocked,  ///< another connection came, and does not get the link
+    };
     Kind kind;
     std::string text;  ///< the bytes received, or words about the peer and the reason
 };
@@ -37,15 +47,24 @@ class Wire {
 
 struct SerialSettings {
     std::string port;  ///< such as COM1
-    std::string line;  ///< such as 9600,8,N,1
+    LineSettings line;
+    Handshake handshake = Handshake::None;
     bool raise_dtr_rts = false;
 };
 
-/// Connects to HOST:PORT, and again after `pause` milliseconds whenever the connection is refused or lost.
-std::unique_ptr<Wire> ConnectTcp(const std::string& address, std::uint64_t pause);
-/// Takes one connection at a time on the port, the newest. @param any_address  not just this machine may connect
-std::unique_ptr<Wire> ListenTcp(unsigned port, bool any_address);
-/// @throws Failure when the settings make no sense; a port that is not there is tried again.
+/// Connects, and again after `pause` milliseconds whenever the connection is refused or lost. Every address that the
+/// name has is tried.
+std::unique_ptr<Wire> ConnectTcp(const NetworkAddress& address, std::uint64_t pause);
+
+struct ListenSettings {
+    unsigned port = 0;
+    bool any = false;       ///< not just this machine may connect
+    std::string from = {};  ///< only this address may; "" for no such limit
+};
+/// Takes one connection at a time, and keeps it until it ends. @throws Failure when the port cannot be listened on
+std::unique_ptr<Wire> ListenTcp(const ListenSettings& settings);
+
+/// A port that is not there is tried again after `pause` milliseconds.
 std::unique_ptr<Wire> OpenSerial(const SerialSettings& settings, std::uint64_t pause);
 
 }  // namespace vintrel::host

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "client.h"
+#include "exchanges/catalogue.h"
 #include "message_box_watcher.h"
 
 namespace vintrel::testing {
@@ -15,8 +16,9 @@ bool IsRuled(HRESULT result) { return (static_cast<ULONG>(result) & 0xFFFF0000) 
 
 std::vector<std::wstring> Codes() {
     std::vector<std::wstring> codes;
-    for (int i = 10001; i <= 10020; ++i) codes.push_back(L"TYPE" + std::to_wstring(i));
-    for (const wchar_t* other : {L"TYPE12000", L"type10014", L"TYPE99999", L" TYPE10001"}) codes.emplace_back(other);
+    for (const exchanges::Model* model : exchanges::Models())
+        codes.emplace_back(model->code.begin(), model->code.end());
+    for (const wchar_t* other : {L"type10014", L"TYPE99999", L" TYPE10001"}) codes.emplace_back(other);
     return codes;
 }
 

@@ -5,6 +5,7 @@
 #include <fstream>
 
 #include "client.h"
+#include "exchanges/catalogue.h"
 #include "message_box_watcher.h"
 
 namespace vintrel::testing {
@@ -42,17 +43,17 @@ class Initialisation : public ::testing::Test {
     MessageBoxWatcher boxes;
 };
 
-TEST_F(Initialisation, SucceedsForEveryModelAndWritesOnlyTheDefaultsOfThree) {
-    for (int number = 10001; number <= 12000; number += number == 10020 ? 1980 : 1) {
+TEST_F(Initialisation, SucceedsForEveryModelAndWritesTheDefaultsOfThoseWithSections) {
+    for (const exchanges::Model* model : exchanges::Models()) {
+        const std::wstring number(model->code.begin() + 4, model->code.end());
         std::filesystem::remove(ini);
         WriteCfg(8089);
         for (const wchar_t* operation : {L"InitializeServer", L"InitializeServerSec", L"UnInitializeServer"}) {
-            const Outcome outcome = Initialize((L"type" + std::to_wstring(number)).c_str(), operation);
-            EXPECT_EQ(outcome.result, S_OK) << number;
-            EXPECT_EQ(outcome.answer.iVal, 0) << number;
+            const Outcome outcome = Initialize((L"type" + number).c_str(), operation);
+            EXPECT_EQ(outcome.result, S_OK) << number.c_str();
+            EXPECT_EQ(outcome.answer.iVal, 0) << number.c_str();
         }
-        const bool has_file = number == 10012 || number == 10017 || number == 10019;
-        EXPECT_EQ(std::filesystem::exists(ini), has_file) << number;
+        EXPECT_EQ(std::filesystem::exists(ini), model->link.ini != 0) << number.c_str();
     }
     EXPECT_TRUE(boxes.Take().empty());
 }

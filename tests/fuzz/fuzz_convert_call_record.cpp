@@ -1,12 +1,13 @@
 // The law of GetComConvertStringRX: whatever an exchange sends, the answer to a known code is the reject marker, or at
 // most 87 characters from STX to ETX; only TYPE10003 and TYPE10010 touch the caller's text.
-// Input: a letter, the model's place in the catalogue; then records of that link, told apart by the character 30.
+// Input: the five digits of the model's code; then records of that link, told apart by the character 30.
 #include <algorithm>
 #include <cstdint>
 #include <cstdlib>
 #include <string>
 
 #include "server/call_records.h"
+#include "tests/fuzz/model_of_input.h"
 #include "tests/unit/test_server.h"
 #include "text/control_characters.h"
 
@@ -33,14 +34,13 @@ void ConvertOne(std::u16string_view code, std::u16string_view text, testing::Tes
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     constexpr char16_t kBetweenRecords = 30;
-    if (size == 0) return 0;
-    const auto models = exchanges::Models();
-    const exchanges::Model& model = *models[(data[0] + models.size() - 'A' % models.size()) % models.size()];
-    const std::u16string records(data + 1, data + size);
+    const exchanges::Model* const model = fuzz::ModelOf(data, size);
+    if (!model) return fuzz::kNotForAModel;
+    const std::u16string records(data + fuzz::kDigits, data + size);
     testing::TestServer server;
     for (std::size_t start = 0, end = 0; end < records.size() || start == 0; start = end + 1) {
         end = std::min(records.find(kBetweenRecords, start), records.size());
-        ConvertOne(model.code, std::u16string_view(records).substr(start, end - start), server);
+        ConvertOne(model->code, std::u16string_view(records).substr(start, end - start), server);
     }
     return 0;
 }

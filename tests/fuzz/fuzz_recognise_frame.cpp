@@ -1,7 +1,7 @@
 // The law of received frames: an answer is one of its few numbers; a frame has a form for the host exactly when it is
 // recognised; and that form, but for the Avaya Integral models whose frames stay as they are, is a frame of theirs of
 // the same kind.
-// Input: a letter, the model's place in the catalogue; then the frame. A byte above 127 is a character outside Latin-1.
+// Input: the five digits of the model's code; then the frame. A byte above 127 is a character outside Latin-1.
 #include <cstdint>
 #include <cstdlib>
 #include <string>
@@ -9,6 +9,7 @@
 #include "exchanges/fias/link_records.h"
 #include "platform/operation_error.h"
 #include "server/received_frames.h"
+#include "tests/fuzz/model_of_input.h"
 #include "tests/unit/test_server.h"
 
 namespace {
@@ -71,11 +72,10 @@ void ReadFields(std::u16string_view text) {
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    if (size == 0) return 0;
-    const auto models = exchanges::Models();
-    const exchanges::Model& model = *models[(data[0] + models.size() - 'A' % models.size()) % models.size()];
+    const exchanges::Model* const model = fuzz::ModelOf(data, size);
+    if (!model) return fuzz::kNotForAModel;
     std::u16string frame;
-    for (std::size_t i = 1; i < size; ++i) {
+    for (std::size_t i = fuzz::kDigits; i < size; ++i) {
         const auto character = static_cast<char16_t>(data[i]);
         frame += character < 128 ? character : static_cast<char16_t>(character * 257);
     }
@@ -85,7 +85,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     server.Ini(u"ROOMSTATUS_ALARM", u"dst_cdpn") = u"95";
     server.Ini(u"WAKEUP_RESPONSE", u"h323") = u"Hotel";
     server.Initialize(u"TYPE10012");
-    JudgeFrame(model, frame, server);
+    JudgeFrame(*model, frame, server);
     ReadFields(frame);
     return 0;
 }

@@ -6,7 +6,7 @@
 
 #include "host/failure.h"
 #include "host/options.h"
-#include "host/output.h"
+#include "host/record_writer.h"
 #include "host/text.h"
 
 namespace vintrel::host {
@@ -54,10 +54,11 @@ TEST(Options, RefusesWhatItCannotMean) {
 }
 
 template <typename Text>
-std::string Written(Format format, std::vector<Column> columns, const std::vector<std::vector<Text>>& records) {
+std::string Written(const Presentation& presentation, std::vector<Column> columns,
+                    const std::vector<std::vector<Text>>& records) {
     std::string text;
     Output output([&](std::string_view piece) { text += piece; });
-    RecordWriter writer(format, std::move(columns), output);
+    RecordWriter writer(presentation, std::move(columns), output);
     writer.Begin();
     for (const auto& record : records) {
         for (const Text cell : record) writer.Cell(cell);
@@ -70,19 +71,45 @@ std::string Written(Format format, std::vector<Column> columns, const std::vecto
 TEST(RecordWriter, KeepsTheColumnsAfterACellThatIsTooWide) {
     const std::vector<std::vector<std::string_view>> records{
         {"a", "long one", "c"}, {"a", "", "c"}, {"a", "\u00E9\u00E9", "c"}, {"a", "b", "c"}};
-    EXPECT_EQ(Written(Format::Table, {{"A", 2}, {"B", 2}, {"C", 2}}, records),
+    EXPECT_EQ(Written({}, {{"A", 2}, {"B", 2}, {"C", 2}}, records),
               "A   B   C\n--  --  --\na   long one  c\na       c\na   \u00E9\u00E9  c\na   b   c\n");
 }
 
 TEST(RecordWriter, AlignsQuotesAndEscapesPerFormat) {
     const std::vector<Column> columns{{"User", 5}, {"Guest Name", 4}};
     const std::vector<std::vector<std::u16string_view>> records{{u"  201 ", u"Zo\u00EB \"Z\", \\ \u0002"}, {u"7"}};
-    EXPECT_EQ(Written(Format::Table, columns, records),
+    EXPECT_EQ(Written({}, columns, records),
               "User   Guest Name\n-----  ----------\n201    Zo\u00EB \"Z\", \\ <STX>\n7\n");
-    EXPECT_EQ(Written(Format::Csv, columns, records), "User,Guest Name\n201,\"Zo\u00EB \"\"Z\"\", \\ <STX>\"\n7,\n");
-    EXPECT_EQ(Written(Format::Json, columns, records),
+    EXPECT_EQ(Written({.format = Format::Csv}, columns, records),
+              "User,Guest Name\n201,\"Zo\u00EB \"\"Z\"\", \\ <STX>\"\n7,\n");
+    EXPECT_EQ(Written({.format = Format::Json}, columns, records),
               "{\"user\":\"201\",\"guest_name\":\"Zo\u00EB \\\"Z\\\", \\\\ \\u0002\"}\n"
               "{\"user\":\"7\",\"guest_name\":\"\"}\n");
+}
+
+TEST(RecordWriter, LeavesOutWhatMattersLeastWhereTheTableIsTooWide) {
+    const std::vector<Column> columns{{.title = "Time", .width = 5},
+                                      {.title = "Detail", .width = 10, .narrow = 6},
+                                      {.title = "Line", .width = 5, .rank = 1},
+                                      {.title = "Mac", .width = 17, .rank = 2}};
+    const std::vector<std::vector<std::string_view>> records{{"07:30", "out", "00003", "02-00"}};
+    const auto width = [&](std::size_t most) {
+        const std::string table = Written({.width = most}, columns, records);
+        return table.substr(0, table.find('\n'));
+    };
+    EXPECT_EQ(width(43), "Time   Detail      Line   Mac");
+    EXPECT_EQ(width(42), "Time   Detail     Line   Mac") << "narrower first";
+    EXPECT_EQ(width(38), "Time   Detail  Line");
+    EXPECT_EQ(width(19), "Time   Detail") << "what has no rank stays, however narrow";
+    EXPECT_EQ(Written({.width = 3}, columns, records), "Time   Detail\n-----  ------\n07:30  out\n");
+}
+
+TEST(RecordWriter, SeparatesByOtherMarksAndWritesNumbersAsNumbers) {
+    const std::vector<Column> columns{{.title = "A", .width = 1}, {.title = "N", .width = 1, .number = true}};
+    const std::vector<std::vector<std::string_view>> records{{"a;b,c", "65"}, {"", ""}};
+    EXPECT_EQ(Written({.format = Format::Csv, .separator = ';'}, columns, records), "A;N\n\"a;b,c\";65\n;\n");
+    EXPECT_EQ(Written({.format = Format::Json}, columns, records),
+              "{\"a\":\"a;b,c\",\"n\":65}\n{\"a\":\"\",\"n\":null}\n");
 }
 
 }  // namespace

@@ -87,17 +87,6 @@ TEST(DateTime, RoundTripsOverLeapYearsAndRefusesWhatDoesNotExist) {
     EXPECT_EQ(SecondsOf({.year = 2024, .month = 1, .day = 1, .hour = 24}), std::nullopt);
 }
 
-TEST(GdvFilter, RealClockLenUpperCasesTheCallersCode) {
-    testing::FakeMessage message;
-    std::u16string type = u"type10012";
-    EXPECT_EQ(GetGdvRealClockLen(type, message), 9999);
-    EXPECT_EQ(Shown(type), "TYPE10012");
-    EXPECT_EQ(GetGdvRealClockLen(type = u"TYPE10005", message), 0);
-    EXPECT_TRUE(message.texts.empty());
-    EXPECT_EQ(GetGdvRealClockLen(type = u"TYPE99999", message), 0);
-    EXPECT_EQ(message.texts, std::vector<std::u16string>{u"GetGdvRealClockLen: FATAL ERROR !"});
-}
-
 TEST(GetComConvertStringRX, ALowerCaseCodeIsUnknown) {
     Link link(u"type10004");
     EXPECT_EQ(link.Raw(u"any"), u"");

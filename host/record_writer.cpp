@@ -1,9 +1,8 @@
-#include "host/output.h"
+#include "host/record_writer.h"
 
 #include <algorithm>
 #include <utility>
 
-#include "host/failure.h"
 #include "host/text.h"
 
 namespace vintrel::host {
@@ -48,8 +47,9 @@ void AppendShown(std::string& out, std::basic_string_view<Character> text) {
 }
 
 template <typename Character>
-void AppendCsv(std::string& out, std::basic_string_view<Character> text) {
-    const bool quoted = std::any_of(text.begin(), text.end(), [](Character c) { return c == ',' || c == '"'; });
+void AppendCsv(std::string& out, std::basic_string_view<Character> text, char separator) {
+    const auto mark = static_cast<Character>(separator);
+    const bool quoted = std::any_of(text.begin(), text.end(), [mark](Character c) { return c == mark || c == '"'; });
     if (quoted) out += '"';
     for (std::size_t i = 0; i < text.size(); ++i) {
         if (text[i] == '"') out += '"';
@@ -82,15 +82,16 @@ bool CopyPlain(char* to, std::basic_string_view<Character> text) {
     return plain;
 }
 
-/// Appends text that needs no treatment: ASCII without control characters, quotes and backslashes, and in CSV without
-/// commas. @return false, with nothing appended, for any other text.
+/// Appends text that needs no treatment: ASCII without control characters, quotes, backslashes and separators.
+/// @return false, with nothing appended, for any other text.
 template <typename Character>
-bool AppendPlain(std::string& out, std::basic_string_view<Character> text, Format format) {
+bool AppendPlain(std::string& out, std::basic_string_view<Character> text, Format format, char separator) {
     const std::size_t before = out.size();
     out.resize(before + text.size());
     bool plain = CopyPlain(out.data() + before, text);
     const std::string_view added = std::string_view(out).substr(before);
-    if (format != Format::Table) plain = plain && added.find_first_of(",\"\\") == std::string_view::npos;
+    const char special[] = {separator, '"', '\\', '\0'};
+    if (format != Format::Table) plain = plain && added.find_first_of(special) == std::string_view::npos;
     if (!plain) out.resize(before);
     return plain;
 }
@@ -103,28 +104,49 @@ std::size_t ShownLength(std::string_view utf8) {
 
 }  // namespace
 
-Format ParseFormat(std::string_view word) {
-    if (word == "table") return Format::Table;
-    if (word == "csv") return Format::Csv;
-    if (word == "json") return Format::Json;
-    throw Failure(ExitCode::Usage, "--format is table, csv or json, not \"" + std::string(word) + "\"");
-}
-
-void Output::Flush() {
-    if (!text_.empty()) write_(text_);
-    text_.clear();
-}
-
-RecordWriter::RecordWriter(Format format, std::vector<Column> columns, Output& output)
-    : format_(format), columns_(std::move(columns)), output_(output), in_row_(format == Format::Table) {
-    for (Column& column : columns_) {
-        column.width = std::max(column.width, ShownLength(column.title));
-        std::string key = column.title;
+RecordWriter::RecordWriter(const Presentation& presentation, std::vector<Column> columns, Output& output)
+    : format_(presentation.format),
+      separator_(presentation.separator),
+      columns_(std::move(columns)),
+      hidden_(columns_.size()),
+      output_(output),
+      in_row_(format_ == Format::Table) {
+    for (Column& column : columns_) column.width = std::max(column.width, ShownLength(column.title));
+    if (format_ == Format::Table && presentation.width > 0) Fit(presentation.width);
+    for (std::size_t i = 0; i < columns_.size(); ++i) {
+        std::string key = columns_[i].title;
         for (char& c : key) c = c == ' ' ? '_' : c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c;
         starts_.push_back(row_.size());
-        row_.append(column.width + kGap, ' ');
-        json_heads_.push_back((json_heads_.empty() ? "{\"" : ",\"") + key + "\":\"");
+        if (!hidden_[i]) row_.append(columns_[i].width + kGap, ' ');
+        json_heads_.push_back((json_heads_.empty() ? "{\"" : ",\"") + key + (columns_[i].number ? "\":" : "\":\""));
     }
+}
+
+void RecordWriter::Fit(std::size_t width) {
+    std::size_t total = 0;
+    for (const Column& column : columns_) total += column.width + kGap;
+    for (Column& column : columns_) {
+        if (total <= width + kGap || column.narrow == 0 || column.narrow >= column.width) continue;
+        const std::size_t cut = std::min(total - width - kGap, column.width - column.narrow);
+        column.width -= cut;
+        total -= cut;
+    }
+    while (total > width + kGap) {
+        const auto rank = [&](std::size_t i) { return hidden_[i] ? 0U : columns_[i].rank; };
+        std::size_t first = 0;
+        for (std::size_t i = 0; i < columns_.size(); ++i)
+            if (rank(i) > rank(first)) first = i;
+        if (rank(first) == 0) return;
+        hidden_[first] = 1;
+        total -= columns_[first].width + kGap;
+    }
+}
+
+std::string RecordWriter::LeftOut() const {
+    std::string titles;
+    for (std::size_t i = 0; i < columns_.size(); ++i)
+        if (hidden_[i]) titles.append(titles.empty() ? "" : ", ").append(columns_[i].title);
+    return titles;
 }
 
 void RecordWriter::Begin() {
@@ -141,7 +163,7 @@ void RecordWriter::OpenCell() {
     if (format_ == Format::Json) {
         out += json_heads_[next_];
     } else if (format_ == Format::Csv) {
-        if (next_ > 0) out += ',';
+        if (next_ > 0) out += separator_;
     } else {
         out.append(std::exchange(blanks_, 0), ' ');
     }
@@ -171,17 +193,21 @@ bool RecordWriter::AddToRow(std::basic_string_view<Character> text) {
 template <typename Character>
 void RecordWriter::Add(std::basic_string_view<Character> text) {
     if (next_ == columns_.size()) return;
+    if (hidden_[next_] != 0) return void(++next_);
     text = WithoutBlanks(text);
     if (!AddToRow(text)) {
         if (format_ != Format::Table || !text.empty()) OpenCell();
         std::string& out = output_.Text();
         const std::size_t before = out.size();
-        const bool plain = AppendPlain(out, text, format_);
+        const bool plain = AppendPlain(out, text, format_, separator_);
         if (format_ == Format::Json) {
             if (!plain) AppendJson(out, text);
-            out += '"';
+            if (!columns_[next_].number)
+                out += '"';
+            else if (text.empty())
+                out += "null";
         } else if (format_ == Format::Csv) {
-            if (!plain) AppendCsv(out, text);
+            if (!plain) AppendCsv(out, text, separator_);
         } else {
             if (!plain) AppendShown(out, text);
             CloseTableCell(plain ? text.size() : ShownLength(std::string_view(out).substr(before)));
@@ -209,21 +235,19 @@ void RecordWriter::EndRecord() {
     output_.FlushWhenLarge();
 }
 
-void WriteRecords(Format format, const std::vector<std::string>& titles,
-                  const std::vector<std::vector<std::string>>& records, Output& output) {
-    std::vector<Column> columns;
-    columns.reserve(titles.size());
-    for (const std::string& title : titles) columns.push_back({title, 0});
+std::string WriteRecords(const Presentation& presentation, std::vector<Column> columns,
+                         const std::vector<std::vector<std::string>>& records, Output& output) {
     for (const std::vector<std::string>& record : records)
         for (std::size_t i = 0; i < columns.size() && i < record.size(); ++i)
             columns[i].width = std::max(columns[i].width, ShownLength(record[i]));
-    RecordWriter writer(format, std::move(columns), output);
+    RecordWriter writer(presentation, std::move(columns), output);
     writer.Begin();
     for (const std::vector<std::string>& record : records) {
         for (const std::string& cell : record) writer.Cell(std::string_view(cell));
         writer.EndRecord();
     }
     output.Flush();
+    return writer.LeftOut();
 }
 
 }  // namespace vintrel::host
